@@ -1,0 +1,63 @@
+// The program's shared variables and its forms: what every handler reaches.
+// There is one of each, made at the start and passed to the handlers.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "core/calc_state.h"
+#include "core/calculator_view.h"
+#include "forms/runtime.h"
+#include "tape/tape_store.h"
+
+namespace core {
+
+struct Program {
+    explicit Program(forms::Runtime& runtime) : runtime(runtime) {}
+
+    forms::Runtime& runtime;
+    CalcState state;
+
+    // Display options and counters shared across the windows.
+    std::int16_t AccuracyDenominator = 16;
+    std::int16_t MemoryCount = 1;
+    std::int16_t NextMemoryNumber = 1;
+
+    // Flags against the re-entry of Resize, each for its own window.
+    std::int16_t TapeFollowing = 0;
+    std::int16_t TapeResizeGuard = 0;
+
+    // Where the main loop last saw the calculator, in twips.
+    std::int32_t CalcTop = 0;
+    std::int32_t CalcLeft = 0;
+
+    // Colours of windows still to come, as read from the settings.
+    std::int32_t MemoryBackColor = 8421376;
+    std::int32_t MemoryReadoutColor = 8454143;
+    std::int32_t ConverterBackColor = 8421376;
+    std::int32_t ConverterReadoutColor = 8454143;
+    std::int32_t ConverterResultColor = 8454143;
+
+    // The design rectangle of each control of Calculator, by its place in the
+    // form's list, so that zooming back restores rather than multiplies.
+    std::vector<std::int32_t> ControlLefts, ControlTops, ControlWidths, ControlHeights;
+
+    std::string HelpFilePath;
+
+    // The forms, once the catalogue has made them.
+    forms::Form* Calculator = nullptr;
+    forms::Form* frmTape = nullptr;
+    forms::Form* Converter = nullptr;
+    forms::Form* MDIForm1 = nullptr;
+
+    std::unique_ptr<CalculatorView> calc;  // the controls of Calculator
+    std::unique_ptr<tape::TapeStore> tape;
+
+    void Beep() {
+        if (auto* b = runtime.GetServices().beeper) b->Beep();
+    }
+};
+
+}  // namespace core

@@ -1,0 +1,111 @@
+// A control on a model form: its design name, its rectangle in twips, its
+// caption and looks, and the events that the program's handlers hang on it.
+//
+// Every setter tells the runtime's observer, so that a window that shows the
+// form follows at once; nothing here knows of Qt.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <string>
+
+#include "forms/control_kind.h"
+#include "forms/font.h"
+
+namespace forms {
+
+class Form;
+
+// Mouse buttons as the events deliver them.
+inline constexpr int kLeftButton = 1;
+inline constexpr int kRightButton = 2;
+
+class Control {
+public:
+    Control(Form& form, std::string name, ControlKind kind, int index = -1);
+    virtual ~Control() = default;
+    Control(const Control&) = delete;
+    Control& operator=(const Control&) = delete;
+
+    Form& Parent() const { return form_; }
+    const std::string& Name() const { return name_; }
+    int Index() const { return index_; }  // place in a control array, -1 if none
+    ControlKind Kind() const { return kind_; }
+    // "Number(7)" for an array element, the plain name otherwise.
+    std::string FullName() const;
+
+    // A control with no rectangle (the common dialog) refuses these: the
+    // caller's statement fails, which it learns from the false result.
+    bool HasRectangle() const { return kind_ != ControlKind::CommonDialog; }
+    double Left() const { return left_; }
+    double Top() const { return top_; }
+    double Width() const { return width_; }
+    double Height() const { return height_; }
+    bool SetLeft(double v);
+    bool SetTop(double v);
+    bool SetWidth(double v);
+    bool SetHeight(double v);
+    bool Move(double left, double top, double width, double height);
+
+    const std::string& Caption() const { return caption_; }
+    void SetCaption(std::string caption);
+    const std::string& Tag() const { return tag_; }
+    void SetTag(std::string tag);
+    const std::string& ToolTipText() const { return toolTip_; }
+    void SetToolTipText(std::string text);
+
+    bool Visible() const { return visible_; }
+    void SetVisible(bool visible);
+    bool Enabled() const { return enabled_; }
+    void SetEnabled(bool enabled);
+
+    std::uint32_t BackColor() const { return backColor_; }
+    void SetBackColor(std::uint32_t color);
+    bool BackTransparent() const { return backTransparent_; }
+    void SetBackTransparent(bool transparent);
+    std::uint32_t ForeColor() const { return foreColor_; }
+    void SetForeColor(std::uint32_t color);
+    const Font& GetFont() const { return font_; }
+    void SetFont(Font font);
+    Alignment GetAlignment() const { return alignment_; }
+    void SetAlignment(Alignment a);
+    bool BorderSingle() const { return borderSingle_; }
+    void SetBorderSingle(bool single);
+
+    // Automatic dragging: a press of the left button starts a drag showing
+    // DragIcon, the name of a picture ("Image3", or "" for the design icon).
+    bool DragAutomatic() const { return dragAutomatic_; }
+    void SetDragAutomatic(bool on) { dragAutomatic_ = on; }
+    const std::string& DragIcon() const { return dragIcon_; }
+    void SetDragIcon(std::string picture);
+
+    // Can this control take the keyboard focus at all?
+    bool CanFocus() const;
+
+    // Events. Handlers are plain functions set by the program.
+    std::function<void()> Click;
+    std::function<void()> DblClick;
+    std::function<void(int button, int shift, float x, float y)> MouseDown;
+    std::function<void(Control& source, float x, float y, int state)> DragOver;
+    std::function<void(Control& source, float x, float y)> DragDrop;
+    std::function<void(std::int16_t& keyCode, int shift)> KeyDown;
+    std::function<void()> GotFocus;
+
+protected:
+    void Changed();
+
+private:
+    Form& form_;
+    std::string name_;
+    ControlKind kind_;
+    int index_;
+    double left_ = 0, top_ = 0, width_ = 0, height_ = 0;
+    std::string caption_, tag_, toolTip_, dragIcon_;
+    bool visible_ = true, enabled_ = true, dragAutomatic_ = false;
+    bool backTransparent_ = false, borderSingle_ = false;
+    std::uint32_t backColor_ = 0xFFFFFF, foreColor_ = 0;
+    Font font_;
+    Alignment alignment_ = Alignment::Left;
+};
+
+}  // namespace forms

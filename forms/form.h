@@ -1,0 +1,135 @@
+// A model form: a window of the program in twips, with its controls in
+// design order, its menus and its events.
+//
+// Setting the size raises Resize inside the setter, and showing a hidden form
+// raises it too: handlers that size their own form rely on that re-entry and
+// guard against it with flags of their own.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "forms/control.h"
+#include "forms/grid.h"
+#include "forms/menu_item.h"
+
+namespace forms {
+
+class Runtime;
+
+enum class BorderStyle {
+    FixedSingle,         // the calculator: caption and menu bar, no resizing
+    SizableNoTitle,      // the tape: a sizable frame and nothing else
+    SizableToolWindow,   // converter and memory cells: a thin caption
+    Sizable,             // the memory parent: the normal frame
+    FixedDialog,         // prompt and About box
+};
+
+// The non-client band around the inner area, in twips.
+struct FrameInsets {
+    int left = 0, top = 0, right = 0, bottom = 0;
+};
+
+enum WindowStates : std::int16_t { kNormal = 0, kMinimized = 1, kMaximized = 2 };
+
+class Form {
+public:
+    Form(Runtime& runtime, std::string name, BorderStyle border, bool hasMenuBar);
+    Form(const Form&) = delete;
+    Form& operator=(const Form&) = delete;
+
+    Runtime& GetRuntime() const { return runtime_; }
+    const std::string& Name() const { return name_; }
+    BorderStyle Border() const { return border_; }
+    FrameInsets Insets() const { return insets_; }
+
+    const std::string& Caption() const { return caption_; }
+    void SetCaption(std::string caption);
+    const std::string& Tag() const { return tag_; }
+    void SetTag(std::string tag) { tag_ = std::move(tag); }
+    std::uint32_t BackColor() const { return backColor_; }
+    void SetBackColor(std::uint32_t color);
+
+    // Outer rectangle and inner size, in twips.
+    double Left() const { return left_; }
+    double Top() const { return top_; }
+    double Width() const { return width_; }
+    double Height() const { return height_; }
+    double ScaleWidth() const { return width_ - insets_.left - insets_.right; }
+    double ScaleHeight() const { return height_ - insets_.top - insets_.bottom; }
+    void SetLeft(double v) { Move(v, top_, width_, height_); }
+    void SetTop(double v) { Move(left_, v, width_, height_); }
+    void SetWidth(double v) { Move(left_, top_, v, height_); }
+    void SetHeight(double v) { Move(left_, top_, width_, v); }
+    void Move(double left, double top, double width, double height);
+    // Sets the design size from the inner area, before the form is loaded.
+    void SetDesignInnerSize(double innerWidth, double innerHeight);
+    // What the window system reports after the user moved or sized the
+    // window: the same as the setters, Resize included.
+    void ReportGeometry(double left, double top, double width, double height);
+
+    bool Loaded() const { return loaded_; }
+    bool Visible() const { return visible_; }
+    void SetVisible(bool visible);
+    void Show();
+    void Hide() { SetVisible(false); }
+    std::int16_t WindowState() const { return windowState_; }
+    void SetWindowState(std::int16_t state);
+
+    // Controls in design order; the position in this list is the control's
+    // index in the form's collection.
+    template <typename T = Control, typename... Args>
+    T& AddControl(Args&&... args) {
+        auto owned = std::make_unique<T>(*this, std::forward<Args>(args)...);
+        T& ref = *owned;
+        controls_.push_back(std::move(owned));
+        return ref;
+    }
+    const std::vector<std::unique_ptr<Control>>& Controls() const { return controls_; }
+    // nullptr when the form has no such control.
+    Control* Find(const std::string& name, int index = -1) const;
+    // For names that the program knows exist: aborts loudly on a typo.
+    Control& Get(const std::string& name, int index = -1) const;
+    Grid& GetGrid(const std::string& name) const;
+
+    MenuItem& AddMenu(std::string name, std::string caption);
+    const std::vector<std::unique_ptr<MenuItem>>& Menus() const { return menus_; }
+    MenuItem* FindMenu(const std::string& name, int index = -1) const;
+    MenuItem& GetMenu(const std::string& name, int index = -1) const;
+
+    // Events.
+    std::function<void()> Load;
+    std::function<void()> Resize;
+    std::function<void()> Activate;
+    std::function<void()> GotFocus;
+    std::function<void()> Paint;
+    std::function<void()> DblClick;
+    std::function<void(std::int16_t& keyAscii)> KeyPress;
+    std::function<void(std::int16_t& keyCode, int shift)> KeyDown;
+    std::function<void(std::int16_t& keyCode, int shift)> KeyUp;
+    std::function<void(int button, int shift, float x, float y)> MouseDown;
+    std::function<void(int& cancel, int unloadMode)> QueryUnload;
+    std::function<void(int& cancel)> Unload;
+
+private:
+    friend class Runtime;
+    void RaiseResize();
+    void Changed();
+
+    Runtime& runtime_;
+    std::string name_;
+    BorderStyle border_;
+    FrameInsets insets_;
+    std::string caption_, tag_;
+    std::uint32_t backColor_ = 0xC0C0C0;
+    double left_ = 0, top_ = 0, width_ = 0, height_ = 0;
+    bool loaded_ = false, visible_ = false;
+    std::int16_t windowState_ = kNormal;
+    std::vector<std::unique_ptr<Control>> controls_;
+    std::vector<std::unique_ptr<MenuItem>> menus_;
+};
+
+}  // namespace forms

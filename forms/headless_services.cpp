@@ -1,0 +1,48 @@
+#include "forms/headless_services.h"
+
+#include "forms/case_insensitive.h"
+
+namespace forms {
+
+MessageAnswer RecordingMessageBoxes::Show(const std::string& text, const std::string& title,
+                                          MessageButtons buttons, MessageIcon icon) {
+    shown.push_back({text, title, buttons, icon});
+    MessageAnswer answer = nextAnswer;
+    nextAnswer = MessageAnswer::Ok;
+    if (buttons == MessageButtons::OkOnly) return MessageAnswer::Ok;
+    return answer;
+}
+
+std::optional<std::string> MemorySettingsStore::Read(const std::string& section,
+                                                     const std::string& key) const {
+    for (const auto& e : entries_) {
+        if (EqualsIgnoringCase(e.section, section) && EqualsIgnoringCase(e.key, key)) {
+            return e.value;
+        }
+    }
+    return std::nullopt;
+}
+
+void MemorySettingsStore::Write(const std::string& section, const std::string& key,
+                                const std::string& value) {
+    for (auto& e : entries_) {
+        if (EqualsIgnoringCase(e.section, section) && EqualsIgnoringCase(e.key, key)) {
+            e.value = value;
+            return;
+        }
+    }
+    entries_.push_back({section, key, value});
+}
+
+const char* IconName(MessageIcon icon) {
+    switch (icon) {
+        case MessageIcon::None: return "None";
+        case MessageIcon::Critical: return "Critical";
+        case MessageIcon::Question: return "Question";
+        case MessageIcon::Exclamation: return "Exclamation";
+        case MessageIcon::Information: return "Information";
+    }
+    return "None";
+}
+
+}  // namespace forms

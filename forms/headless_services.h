@@ -1,0 +1,49 @@
+// Services for runs without a desktop: they answer at once and keep a record
+// of what happened, for tests and the scenario tool.
+#pragma once
+
+#include <map>
+#include <string>
+#include <vector>
+
+#include "forms/services.h"
+
+namespace forms {
+
+class CountingBeeper : public Beeper {
+public:
+    void Beep() override { ++count; }
+    int count = 0;
+};
+
+class RecordingMessageBoxes : public MessageBoxes {
+public:
+    struct Shown {
+        std::string text, title;
+        MessageButtons buttons;
+        MessageIcon icon;
+    };
+    MessageAnswer Show(const std::string& text, const std::string& title, MessageButtons buttons,
+                       MessageIcon icon) override;
+
+    std::vector<Shown> shown;
+    // The answer of the next box that asks; then back to the default.
+    MessageAnswer nextAnswer = MessageAnswer::Ok;
+};
+
+// A settings store held in memory, keys compared without regard to case.
+class MemorySettingsStore : public SettingsStore {
+public:
+    std::optional<std::string> Read(const std::string& section,
+                                    const std::string& key) const override;
+    void Write(const std::string& section, const std::string& key,
+               const std::string& value) override;
+    std::vector<Entry> Entries() const override { return entries_; }
+
+private:
+    std::vector<Entry> entries_;
+};
+
+const char* IconName(MessageIcon icon);
+
+}  // namespace forms

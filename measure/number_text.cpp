@@ -1,0 +1,65 @@
+#include "measure/number_text.h"
+
+#include <charconv>
+#include <cmath>
+#include <cstdlib>
+
+namespace measure {
+
+namespace {
+
+constexpr int kSignificantDigits = 15;
+
+// From the decimal exponent at which a number is written in exponent form.
+constexpr int kLargestFixedExponent = kSignificantDigits - 1;
+constexpr int kSmallestFixedExponent = -4;
+
+// `leadingBlank` and `zeroBeforePoint` are the two points where the forms
+// differ.
+std::string Write(double x, bool leadingBlank, bool zeroBeforePoint) {
+    const std::string positiveSign = leadingBlank ? " " : "";
+    if (std::isnan(x)) return positiveSign + "nan";
+    if (std::isinf(x)) return x < 0 ? "-inf" : positiveSign + "inf";
+    // Also catches -0, which is written as 0.
+    if (x == 0.0) return positiveSign + "0";
+
+    const bool negative = x < 0;
+    // Rounded to 15 significant digits: "d.dddddddddddddde+XX".
+    char buffer[64];
+    const auto result = std::to_chars(buffer, buffer + sizeof buffer, std::fabs(x),
+                                      std::chars_format::scientific, kSignificantDigits - 1);
+    const std::string scientific(buffer, result.ptr);
+    const std::size_t e = scientific.find('e');
+    std::string digits = scientific.substr(0, 1) + scientific.substr(2, e - 2);
+    const int exponent = std::atoi(scientific.c_str() + e + 1);
+    while (digits.size() > 1 && digits.back() == '0') digits.pop_back();
+
+    std::string text = negative ? "-" : positiveSign;
+    if (exponent > kLargestFixedExponent || exponent < kSmallestFixedExponent) {
+        text += digits[0];
+        if (digits.size() > 1) text += "." + digits.substr(1);
+        text += exponent < 0 ? "E-" : "E+";
+        const std::string exponentDigits = std::to_string(std::abs(exponent));
+        if (exponentDigits.size() < 2) text += '0';
+        text += exponentDigits;
+    } else if (exponent >= 0) {
+        const std::size_t wholeDigits = static_cast<std::size_t>(exponent) + 1;
+        if (digits.size() <= wholeDigits) {
+            text += digits + std::string(wholeDigits - digits.size(), '0');
+        } else {
+            text += digits.substr(0, wholeDigits) + "." + digits.substr(wholeDigits);
+        }
+    } else {
+        if (zeroBeforePoint) text += '0';
+        text += "." + std::string(static_cast<std::size_t>(-exponent - 1), '0') + digits;
+    }
+    return text;
+}
+
+}  // namespace
+
+std::string NumberText(double x) { return Write(x, true, false); }
+
+std::string PlainNumberText(double x) { return Write(x, false, true); }
+
+}  // namespace measure

@@ -1,0 +1,21 @@
+#include "scenario/driver.h"
+
+namespace scenario {
+
+void HeadlessDriver::KeyPress(forms::Form& form, std::int16_t keyAscii) {
+    if (form.KeyPress) form.KeyPress(keyAscii);
+}
+
+void HeadlessDriver::KeyUp(forms::Form& form, std::int16_t keyCode) {
+    if (form.KeyUp) form.KeyUp(keyCode, 0);
+}
+
+void HeadlessDriver::Click(forms::Control& control) {
+    if (control.Click) control.Click();
+}
+
+void HeadlessDriver::MenuClick(forms::MenuItem& item) {
+    if (item.Click) item.Click();
+}
+
+}  // namespace scenario

@@ -1,0 +1,59 @@
+// The scenario tool: reads one command a line, drives the program or the
+// measurement routines, and prints what the commands report.
+#pragma once
+
+#include <iosfwd>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "forms/headless_services.h"
+#include "scenario/driver.h"
+#include "scenario/scenario_text.h"
+#include "shell/lathmark_app.h"
+
+namespace scenario {
+
+class Runner {
+public:
+    Runner(std::ostream& out, std::ostream& err);
+    virtual ~Runner();
+
+    // Runs every line; returns the exit status (0, or 2 on a line that
+    // cannot be read).
+    int Run(std::istream& in);
+
+protected:
+    // Starts the program on the runner's services; a GUI runner puts real
+    // windows behind it.
+    virtual std::unique_ptr<shell::LathmarkApp> StartApp(forms::Services services,
+                                                         forms::ScreenInfo screen);
+    virtual Driver& GetDriver() { return headless_; }
+    virtual void StopApp();
+
+    std::unique_ptr<shell::LathmarkApp> app_;
+
+private:
+    using Words = std::vector<Word>;
+    bool Execute(const Words& w);
+    bool MeasureCommand(const Words& w);
+    bool ProgramCommand(const Words& w);
+    bool Inspect(const Words& w);
+    shell::LathmarkApp& App();
+    core::Program& P() { return App().Program(); }
+    void PrintState();
+    void PrintTape(const Words& w);
+    bool KeyCommand(const Words& w);
+
+    std::ostream& out_;
+    std::ostream& err_;
+    HeadlessDriver headless_;
+    forms::CountingBeeper beeper_;
+    forms::RecordingMessageBoxes messages_;
+    forms::MemorySettingsStore settings_;
+    forms::ScreenInfo screen_;
+    std::size_t messagesShown_ = 0;
+    std::int16_t accuracy_ = 16;
+};
+
+}  // namespace scenario
