@@ -95,6 +95,11 @@ public:
     Control& Get(const std::string& name, int index = -1) const;
     Grid& GetGrid(const std::string& name) const;
 
+    // The control that takes the focus when the form is activated and holds
+    // no focus of its own: the first in tab order.
+    void SetTabFirst(Control* control) { tabFirst_ = control; }
+    Control* TabFirst() const { return tabFirst_; }
+
     MenuItem& AddMenu(std::string name, std::string caption);
     const std::vector<std::unique_ptr<MenuItem>>& Menus() const { return menus_; }
     MenuItem* FindMenu(const std::string& name, int index = -1) const;
@@ -130,6 +135,7 @@ private:
     std::int16_t windowState_ = kNormal;
     std::vector<std::unique_ptr<Control>> controls_;
     std::vector<std::unique_ptr<MenuItem>> menus_;
+    Control* tabFirst_ = nullptr;
 };
 
 }  // namespace forms

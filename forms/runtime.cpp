@@ -58,6 +58,9 @@ void Runtime::Activate(Form& form) {
     if (ended_ || activeForm_ == &form || !form.visible_) return;
     activeForm_ = &form;
     if (form.Activate) form.Activate();
+    if (!focus_ || &focus_->Parent() != &form) {
+        if (Control* first = form.TabFirst()) SetFocus(*first);
+    }
 }
 
 bool Runtime::SetFocus(Control& control) {

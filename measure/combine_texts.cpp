@@ -30,8 +30,12 @@ std::int16_t Refine(std::int16_t pending, std::int16_t onAdd, std::int16_t onSub
     return pending;
 }
 
-bool IsArea(const std::string& text) { return Contains(text, "sq"); }
-bool IsVolume(const std::string& text) { return Contains(text, "cu"); }
+bool IsArea(const std::string& text) {
+    return Contains(text, "sq");
+}
+bool IsVolume(const std::string& text) {
+    return Contains(text, "cu");
+}
 
 // first + second or first - second; an overflow leaves ResultValue as it was.
 void Apply(bool add, double first, double second, double& resultValue) {

@@ -37,7 +37,10 @@ std::string Write(double x, bool leadingBlank, bool zeroBeforePoint) {
     std::string text = negative ? "-" : positiveSign;
     if (exponent > kLargestFixedExponent || exponent < kSmallestFixedExponent) {
         text += digits[0];
-        if (digits.size() > 1) text += "." + digits.substr(1);
+        if (digits.size() > 1) {
+            text += '.';
+            text.append(digits, 1);
+        }
         text += exponent < 0 ? "E-" : "E+";
         const std::string exponentDigits = std::to_string(std::abs(exponent));
         if (exponentDigits.size() < 2) text += '0';
@@ -45,21 +48,30 @@ std::string Write(double x, bool leadingBlank, bool zeroBeforePoint) {
     } else if (exponent >= 0) {
         const std::size_t wholeDigits = static_cast<std::size_t>(exponent) + 1;
         if (digits.size() <= wholeDigits) {
-            text += digits + std::string(wholeDigits - digits.size(), '0');
+            text += digits;
+            text.append(wholeDigits - digits.size(), '0');
         } else {
-            text += digits.substr(0, wholeDigits) + "." + digits.substr(wholeDigits);
+            text.append(digits, 0, wholeDigits);
+            text += '.';
+            text.append(digits, wholeDigits);
         }
     } else {
         if (zeroBeforePoint) text += '0';
-        text += "." + std::string(static_cast<std::size_t>(-exponent - 1), '0') + digits;
+        text += '.';
+        text.append(static_cast<std::size_t>(-exponent - 1), '0');
+        text += digits;
     }
     return text;
 }
 
 }  // namespace
 
-std::string NumberText(double x) { return Write(x, true, false); }
+std::string NumberText(double x) {
+    return Write(x, true, false);
+}
 
-std::string PlainNumberText(double x) { return Write(x, false, true); }
+std::string PlainNumberText(double x) {
+    return Write(x, false, true);
+}
 
 }  // namespace measure

@@ -21,9 +21,9 @@ using detail::TrimBlanks;
 using detail::TrimLeftBlanks;
 
 struct Kind {
-    double unitsInFoot;        // 12, 144 or 1728
-    bool bareFraction;         // "3/4" without a whole number is understood
-    bool rewritesText;         // the text ends as the value in NumberText form
+    double unitsInFoot;  // 12, 144 or 1728
+    bool bareFraction;   // "3/4" without a whole number is understood
+    bool rewritesText;   // the text ends as the value in NumberText form
 };
 
 // The fixed point of four decimals that numerator and denominator pass
@@ -52,8 +52,8 @@ void ParseMeasure(std::string& text, double& value, const Kind& kind) {
     Store16(footPosition, FindPosition(text, '\''));
     double feet = 0.0;
     if (footPosition > 0) {
-        const double footNumber =
-            ReadNumber(std::string_view(text).substr(0, static_cast<std::size_t>(footPosition) - 1));
+        const double footNumber = ReadNumber(
+            std::string_view(text).substr(0, static_cast<std::size_t>(footPosition) - 1));
         if (const auto product = CheckedMultiply(footNumber, kind.unitsInFoot)) feet = *product;
     }
 
@@ -88,7 +88,7 @@ void ParseMeasure(std::string& text, double& value, const Kind& kind) {
         std::int16_t slashPosition = 0;
         Store16(slashPosition, FindPosition(rest, '/'));
         if (slashPosition >= 2) {
-            whole = "0";
+            whole.assign(1, '0');
             fraction = rest;
         } else {
             whole = rest;

@@ -9,13 +9,17 @@ namespace measure {
 
 namespace {
 
-bool IsSkipped(char c) { return c == ' ' || c == '\t' || c == '\n'; }
-bool IsDigit(char c) { return c >= '0' && c <= '9'; }
+bool IsSkipped(char c) {
+    return c == ' ' || c == '\t' || c == '\n';
+}
+bool IsDigit(char c) {
+    return c >= '0' && c <= '9';
+}
 
 // Walks the text one character at a time, stepping over blanks, tabs and line
 // feeds wherever they stand, so that the reader below never sees them.
 class Cursor {
-public:
+  public:
     explicit Cursor(std::string_view text) : text_(text) {}
 
     bool AtEnd() {
@@ -32,7 +36,7 @@ public:
         return true;
     }
 
-private:
+  private:
     std::string_view text_;
     std::size_t index_ = 0;
 };

@@ -29,8 +29,14 @@ bool Store16(std::int16_t& variable, std::size_t number);
 // Operands that are already infinite or not-a-number pass through.
 std::optional<double> Checked(double result, double left, double right);
 
-inline std::optional<double> CheckedAdd(double a, double b) { return Checked(a + b, a, b); }
-inline std::optional<double> CheckedSubtract(double a, double b) { return Checked(a - b, a, b); }
-inline std::optional<double> CheckedMultiply(double a, double b) { return Checked(a * b, a, b); }
+inline std::optional<double> CheckedAdd(double a, double b) {
+    return Checked(a + b, a, b);
+}
+inline std::optional<double> CheckedSubtract(double a, double b) {
+    return Checked(a - b, a, b);
+}
+inline std::optional<double> CheckedMultiply(double a, double b) {
+    return Checked(a * b, a, b);
+}
 
 }  // namespace measure::detail

@@ -44,7 +44,9 @@ std::optional<std::int64_t> ToFixedPoint4(double value) {
     return static_cast<std::int64_t>(rounded);
 }
 
-double FromFixedPoint4(std::int64_t scaled) { return static_cast<double>(scaled) / 10000.0; }
+double FromFixedPoint4(std::int64_t scaled) {
+    return static_cast<double>(scaled) / 10000.0;
+}
 
 std::optional<std::int16_t> AddInt16(std::int16_t a, std::int16_t b) {
     const std::int32_t sum = std::int32_t{a} + std::int32_t{b};

@@ -1,5 +1,7 @@
 #include "scenario/driver.h"
 
+#include "forms/runtime.h"
+
 namespace scenario {
 
 void HeadlessDriver::KeyPress(forms::Form& form, std::int16_t keyAscii) {
@@ -17,5 +19,16 @@ void HeadlessDriver::Click(forms::Control& control) {
 void HeadlessDriver::MenuClick(forms::MenuItem& item) {
     if (item.Click) item.Click();
 }
+
+void HeadlessDriver::MoveWindow(forms::Form& form, double left, double top, double width,
+                                double height) {
+    form.ReportGeometry(left, top, width, height);
+}
+
+void HeadlessDriver::SetWindowState(forms::Form& form, std::int16_t state) {
+    form.SetWindowState(state);
+}
+
+void HeadlessDriver::CloseWindow(forms::Form& form) { form.GetRuntime().Unload(form); }
 
 }  // namespace scenario

@@ -16,6 +16,13 @@ public:
     virtual void KeyUp(forms::Form& form, std::int16_t keyCode) = 0;
     virtual void Click(forms::Control& control) = 0;
     virtual void MenuClick(forms::MenuItem& item) = 0;
+    // The user moves the window or drags its frame; the window system
+    // reports the new outer rectangle.
+    virtual void MoveWindow(forms::Form& form, double left, double top, double width,
+                            double height) = 0;
+    virtual void SetWindowState(forms::Form& form, std::int16_t state) = 0;
+    // The close box.
+    virtual void CloseWindow(forms::Form& form) = 0;
     // Lets whatever the action set going run to its end.
     virtual void Settle() {}
 };
@@ -26,6 +33,10 @@ public:
     void KeyUp(forms::Form& form, std::int16_t keyCode) override;
     void Click(forms::Control& control) override;
     void MenuClick(forms::MenuItem& item) override;
+    void MoveWindow(forms::Form& form, double left, double top, double width,
+                    double height) override;
+    void SetWindowState(forms::Form& form, std::int16_t state) override;
+    void CloseWindow(forms::Form& form) override;
 };
 
 }  // namespace scenario

@@ -34,6 +34,8 @@ std::optional<std::int16_t> KeyByName(const Word& w) {
     return std::nullopt;
 }
 
+std::string Truth(bool b) { return b ? "True" : "False"; }
+
 std::string Slot(const std::optional<double>& slot) {
     return slot ? FormatNumber(*slot) : "empty";
 }
@@ -231,6 +233,7 @@ bool Runner::ProgramCommand(const Words& w) {
         if (handler) handler();
         return true;
     }
+    if (WindowCommand(w)) return true;
     if (verb == "answer" && w.size() == 2) {
         if (w[1].text == "Cancel") {
             messages_.nextAnswer = forms::MessageAnswer::Cancel;
@@ -243,6 +246,42 @@ bool Runner::ProgramCommand(const Words& w) {
         } else {
             return false;
         }
+        return true;
+    }
+    return false;
+}
+
+forms::Form* Runner::FindForm(const std::string& name) {
+    core::Program& p = P();
+    for (forms::Form* f : {p.Calculator, p.frmTape, p.Converter, p.MDIForm1}) {
+        if (f && f->Name() == name) return f;
+    }
+    return App().Runtime().FindOpenForm(name);
+}
+
+// What the user does to a window through the window system.
+bool Runner::WindowCommand(const Words& w) {
+    const std::string& verb = w[0].text;
+    if (w.size() < 2) return false;
+    forms::Form* f = FindForm(w[1].text);
+    if (!f) return false;
+    if ((verb == "move" || verb == "resize") && w.size() == 4) {
+        auto a = ParseNumber(w[2].text), b = ParseNumber(w[3].text);
+        if (!a || !b) return false;
+        if (verb == "move") {
+            GetDriver().MoveWindow(*f, *a, *b, f->Width(), f->Height());
+        } else {
+            GetDriver().MoveWindow(*f, f->Left(), f->Top(), *a, *b);
+        }
+        return true;
+    }
+    if (w.size() != 2) return false;
+    if (verb == "minimize" || verb == "restore") {
+        GetDriver().SetWindowState(*f, verb == "minimize" ? forms::kMinimized : forms::kNormal);
+        return true;
+    }
+    if (verb == "close") {
+        GetDriver().CloseWindow(*f);
         return true;
     }
     return false;
@@ -313,6 +352,49 @@ bool Runner::Inspect(const Words& w) {
             const auto& m = messages_.shown[messagesShown_];
             out_ << Quote(m.text) << " " << Quote(m.title) << " "
                  << Quote(forms::IconName(m.icon)) << "\n";
+        }
+        return true;
+    }
+    if (verb == "geometry" && w.size() == 2) {
+        forms::Form* f = FindForm(w[1].text);
+        if (!f) return false;
+        out_ << "Left = " << FormatNumber(f->Left()) << "\nTop = " << FormatNumber(f->Top())
+             << "\nWidth = " << FormatNumber(f->Width())
+             << "\nHeight = " << FormatNumber(f->Height())
+             << "\nScaleWidth = " << FormatNumber(f->ScaleWidth())
+             << "\nScaleHeight = " << FormatNumber(f->ScaleHeight()) << "\n";
+        return true;
+    }
+    if (verb == "visible" && w.size() == 2) {
+        forms::Form* f = FindForm(w[1].text);
+        if (!f) return false;
+        out_ << Truth(f->Visible()) << "\n";
+        return true;
+    }
+    if (verb == "checked" && w.size() == 2) {
+        auto [name, index] = SplitIndexedName(w[1].text);
+        forms::MenuItem* item = P().Calculator->FindMenu(name, index);
+        if (!item) return false;
+        out_ << Truth(item->Checked()) << "\n";
+        return true;
+    }
+    if (verb == "topmost" && w.size() == 1) {
+        const char* sep = "";
+        for (forms::Form* f : App().Runtime().TopMostBand()) {
+            out_ << sep << f->Name();
+            sep = " ";
+        }
+        out_ << "\n";
+        return true;
+    }
+    if (verb == "focus" && w.size() == 1) {
+        forms::Control* focus = App().Runtime().Focus();
+        out_ << (focus ? focus->Parent().Name() + "." + focus->FullName() : "none") << "\n";
+        return true;
+    }
+    if (verb == "settings" && w.size() == 1) {
+        for (const auto& e : settings_.Entries()) {
+            out_ << Quote(e.section) << " " << Quote(e.key) << " " << Quote(e.value) << "\n";
         }
         return true;
     }

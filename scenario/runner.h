@@ -44,6 +44,8 @@ private:
     void PrintState();
     void PrintTape(const Words& w);
     bool KeyCommand(const Words& w);
+    bool WindowCommand(const Words& w);
+    forms::Form* FindForm(const std::string& name);
 
     std::ostream& out_;
     std::ostream& err_;

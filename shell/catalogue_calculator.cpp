@@ -192,6 +192,7 @@ forms::Form& MakeCalculator(forms::Runtime& runtime) {
     AddKeys(f);
     AddPictures(f);
     AddMenus(f);
+    f.SetTabFirst(&f.Get("Equal"));
     return f;
 }
 

@@ -12,7 +12,7 @@ constexpr std::int16_t kAdd = 1;
 constexpr std::int16_t kSubtract = 2;
 
 class CombineTextsTest : public ::testing::Test {
-protected:
+  protected:
     std::int16_t pendingOperation = 0;
     double resultValue = 0.0;
     std::int16_t fractionCount = 0;

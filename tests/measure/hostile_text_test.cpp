@@ -25,7 +25,8 @@ bool Same(double a, double b) {
 }
 
 bool EndsWith(const std::string& text, const std::string& end) {
-    return text.size() >= end.size() && text.compare(text.size() - end.size(), end.size(), end) == 0;
+    return text.size() >= end.size() &&
+           text.compare(text.size() - end.size(), end.size(), end) == 0;
 }
 
 std::string TrimmedOfBlanks(const std::string& text) {
@@ -142,9 +143,13 @@ void CheckSolidParse(Parse parse) {
     }
 }
 
-TEST(HostileText, AreaParseOnlyTrims) { CheckSolidParse(ParseAreaText); }
+TEST(HostileText, AreaParseOnlyTrims) {
+    CheckSolidParse(ParseAreaText);
+}
 
-TEST(HostileText, VolumeParseOnlyTrims) { CheckSolidParse(ParseVolumeText); }
+TEST(HostileText, VolumeParseOnlyTrims) {
+    CheckSolidParse(ParseVolumeText);
+}
 
 TEST(HostileText, ParsedValuesFormatToMeasurementText) {
     std::int16_t count = 0;

@@ -15,7 +15,9 @@ struct NumberCase {
     const char* plain;  // PlainNumberText
 };
 
-void PrintTo(const NumberCase& c, std::ostream* os) { *os << c.name; }
+void PrintTo(const NumberCase& c, std::ostream* os) {
+    *os << c.name;
+}
 
 class NumberTextCases : public ::testing::TestWithParam<NumberCase> {};
 
@@ -30,14 +32,10 @@ constexpr double kInf = std::numeric_limits<double>::infinity();
 INSTANTIATE_TEST_SUITE_P(
     Str, NumberTextCases,
     ::testing::Values(
-        NumberCase{"Zero", 0.0, " 0", "0"},
-        NumberCase{"NegativeZero", -0.0, " 0", "0"},
-        NumberCase{"One", 1.0, " 1", "1"},
-        NumberCase{"MinusOne", -1.0, "-1", "-1"},
-        NumberCase{"Half", 0.5, " .5", "0.5"},
-        NumberCase{"MinusHalf", -0.5, "-.5", "-0.5"},
-        NumberCase{"Decimal", 12.5, " 12.5", "12.5"},
-        NumberCase{"Whole", 147.0, " 147", "147"},
+        NumberCase{"Zero", 0.0, " 0", "0"}, NumberCase{"NegativeZero", -0.0, " 0", "0"},
+        NumberCase{"One", 1.0, " 1", "1"}, NumberCase{"MinusOne", -1.0, "-1", "-1"},
+        NumberCase{"Half", 0.5, " .5", "0.5"}, NumberCase{"MinusHalf", -0.5, "-.5", "-0.5"},
+        NumberCase{"Decimal", 12.5, " 12.5", "12.5"}, NumberCase{"Whole", 147.0, " 147", "147"},
         NumberCase{"Hundred", 100.0, " 100", "100"},
         NumberCase{"InchesOfFeet", 63.5, " 63.5", "63.5"},
         NumberCase{"SumWithBinaryNoise", 0.1 + 0.2, " .3", "0.3"},
@@ -45,10 +43,8 @@ INSTANTIATE_TEST_SUITE_P(
         NumberCase{"TwoThirdsRounded", 2.0 / 3.0, " .666666666666667", "0.666666666666667"},
         NumberCase{"FifteenDigitsRounded", 12.34567890123456, " 12.3456789012346",
                    "12.3456789012346"},
-        NumberCase{"FifteenDigitWhole", 123456789012345.0, " 123456789012345",
-                   "123456789012345"},
-        NumberCase{"LargestWrittenOut", 999999999999999.0, " 999999999999999",
-                   "999999999999999"},
+        NumberCase{"FifteenDigitWhole", 123456789012345.0, " 123456789012345", "123456789012345"},
+        NumberCase{"LargestWrittenOut", 999999999999999.0, " 999999999999999", "999999999999999"},
         NumberCase{"TenToTheFourteen", 1e14, " 100000000000000", "100000000000000"},
         NumberCase{"TenToTheFifteen", 1e15, " 1E+15", "1E+15"},
         NumberCase{"SixteenDigits", 1234567890123456.0, " 1.23456789012346E+15",

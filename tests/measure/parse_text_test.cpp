@@ -17,9 +17,13 @@ struct ParseCase {
     std::string textAfter;  // what the routine leaves in its text argument
 };
 
-void PrintTo(const ParseCase& c, std::ostream* os) { *os << c.name; }
+void PrintTo(const ParseCase& c, std::ostream* os) {
+    *os << c.name;
+}
 
-std::string NameOf(const ::testing::TestParamInfo<ParseCase>& info) { return info.param.name; }
+std::string NameOf(const ::testing::TestParamInfo<ParseCase>& info) {
+    return info.param.name;
+}
 
 // ---------------------------------------------------------------------------
 // Lengths
@@ -50,44 +54,43 @@ INSTANTIATE_TEST_SUITE_P(
                       ParseCase{"DecimalInches", "12.5", 12.5, " 12.5"},
                       ParseCase{"DecimalFeet", "2.5'", 30, " 30"},
                       ParseCase{"NegativeWithBlank", "- 1'- 0\"", -12, " 12"},
-                      ParseCase{"EmptyText", "", 0, " 0"},
-                      ParseCase{"Letters", "abc", 0, " 0"}),
+                      ParseCase{"EmptyText", "", 0, " 0"}, ParseCase{"Letters", "abc", 0, " 0"}),
     NameOf);
 
-INSTANTIATE_TEST_SUITE_P(
-    Edge, LengthForms,
-    ::testing::Values(
-        // One hyphen goes in step 5, the other becomes a leading blank, so the
-        // 3 lands in the fraction without a slash and is lost.
-        ParseCase{"DoubleHyphenLosesInches", "5'--3", 60, " 60"},
-        ParseCase{"SlashFirstIsNoFraction", "/2", 0, " 0"},
-        ParseCase{"SecondFootMarkEndsInches", "1'2'3", 14, " 14"},
-        ParseCase{"FeetThenBlanks", "5'   ", 60, " 60"},
-        ParseCase{"AreaSuffixCutAtInchMark", " 1'- 0\" sq.", 12, " 12"},
-        ParseCase{"VolumeSuffixCutAtInchMark", " 2'- 3\" cu.", 27, " 27"},
-        ParseCase{"SignThenBlank", "- 12'- 3\"", -147, " 147"},
-        ParseCase{"SignThenDigits", "-12'- 3\"", -147, " 147"},
-        ParseCase{"SecondSignIsNoSign", "--5", -5, " 5"},
-        ParseCase{"NegativeFraction", "-1/2\"", -0.5, " .5"},
-        ParseCase{"NegativeInches", "-3 1/2", -3.5, " 3.5"},
-        ParseCase{"LoneHyphenAfterFeet", "5'-", 60, " 60"},
-        ParseCase{"TrailingTextAfterInchMark", "7\" and more 5/8", 7, " 7"},
-        ParseCase{"FeetWithBlankAndFraction", " 1'- 0 1/2\"", 12.5, " 12.5"},
-        ParseCase{"TraceBlankReadsBack", " 1'- 0 \"", 12, " 12"},
-        ParseCase{"DenominatorTextGoesToTheEnd", "1 1/2/3", 1.5, " 1.5"},
-        // Only the first blank splits; the numerator reads "2 3" as 23.
-        ParseCase{"LaterBlanksJoinDigits", "1 2 3/4", 6.75, " 6.75"},
-        ParseCase{"ExponentFeet", " 1E+15'- 0\"", 1.2e16, " 1.2E+16"},
-        ParseCase{"UpperCaseMarksNotFolded", "1'2\" SQ.", 14, " 14"},
-        // Four decimals: the denominator 3.00004 becomes 3.
-        ParseCase{"FractionPartsKeepFourDecimals", "0 1/3.00004", 1.0 / 3.0,
-                  " .333333333333333"},
-        ParseCase{"FixedPointRoundsHalfToEven", "0 0.00005/1", 0, " 0"},
-        ParseCase{"NumeratorTooLargeForFixedPoint", "2 1e15/4", 2, " 2"},
-        // A tab does not split, so the text is a bare fraction 31/2.
-        ParseCase{"TabIsNoBlank", "3\t1/2", 15.5, " 15.5"},
-        ParseCase{"FeetOverflowIsDropped", "1e308'5", 5, " 5"}),
-    NameOf);
+INSTANTIATE_TEST_SUITE_P(Edge, LengthForms,
+                         ::testing::Values(
+                             // The first hyphen is taken for the one between feet and inches,
+                             // the second becomes a leading blank, so the 3 lands in the
+                             // fraction without a slash and is lost.
+                             ParseCase{"DoubleHyphenLosesInches", "5'--3", 60, " 60"},
+                             ParseCase{"SlashFirstIsNoFraction", "/2", 0, " 0"},
+                             ParseCase{"SecondFootMarkEndsInches", "1'2'3", 14, " 14"},
+                             ParseCase{"FeetThenBlanks", "5'   ", 60, " 60"},
+                             ParseCase{"AreaSuffixCutAtInchMark", " 1'- 0\" sq.", 12, " 12"},
+                             ParseCase{"VolumeSuffixCutAtInchMark", " 2'- 3\" cu.", 27, " 27"},
+                             ParseCase{"SignThenBlank", "- 12'- 3\"", -147, " 147"},
+                             ParseCase{"SignThenDigits", "-12'- 3\"", -147, " 147"},
+                             ParseCase{"SecondSignIsNoSign", "--5", -5, " 5"},
+                             ParseCase{"NegativeFraction", "-1/2\"", -0.5, " .5"},
+                             ParseCase{"NegativeInches", "-3 1/2", -3.5, " 3.5"},
+                             ParseCase{"LoneHyphenAfterFeet", "5'-", 60, " 60"},
+                             ParseCase{"TrailingTextAfterInchMark", "7\" and more 5/8", 7, " 7"},
+                             ParseCase{"FeetWithBlankAndFraction", " 1'- 0 1/2\"", 12.5, " 12.5"},
+                             ParseCase{"TraceBlankReadsBack", " 1'- 0 \"", 12, " 12"},
+                             ParseCase{"DenominatorTextGoesToTheEnd", "1 1/2/3", 1.5, " 1.5"},
+                             // Only the first blank splits; the numerator reads "2 3" as 23.
+                             ParseCase{"LaterBlanksJoinDigits", "1 2 3/4", 6.75, " 6.75"},
+                             ParseCase{"ExponentFeet", " 1E+15'- 0\"", 1.2e16, " 1.2E+16"},
+                             ParseCase{"UpperCaseMarksNotFolded", "1'2\" SQ.", 14, " 14"},
+                             // Four decimals: the denominator 3.00004 becomes 3.
+                             ParseCase{"FractionPartsKeepFourDecimals", "0 1/3.00004", 1.0 / 3.0,
+                                       " .333333333333333"},
+                             ParseCase{"FixedPointRoundsHalfToEven", "0 0.00005/1", 0, " 0"},
+                             ParseCase{"NumeratorTooLargeForFixedPoint", "2 1e15/4", 2, " 2"},
+                             // A tab does not split, so the text is a bare fraction 31/2.
+                             ParseCase{"TabIsNoBlank", "3\t1/2", 15.5, " 15.5"},
+                             ParseCase{"FeetOverflowIsDropped", "1e308'5", 5, " 5"}),
+                         NameOf);
 
 TEST(ParseLengthText, DenominatorZeroGivesInfinity) {
     std::string text = "1/0";
@@ -213,15 +216,15 @@ TEST_P(AreaForms, Reads) {
 
 INSTANTIATE_TEST_SUITE_P(
     Area, AreaForms,
-    ::testing::Values(
-        ParseCase{"FormattedArea", " 6'- 100 1/2\" sq.", 964.5, "6'- 100 1/2\" sq."},
-        ParseCase{"InchesRunTo143", " 1'- 143 15/16\" sq.", 287.9375, "1'- 143 15/16\" sq."},
-        ParseCase{"SquareFeet", "2.5'", 360, "2.5'"},
-        ParseCase{"FractionWithoutWholeIsLost", "3/4\" sq.", 3, "3/4\" sq."},
-        ParseCase{"HalfReadsAsOne", "1/2\" sq.", 1, "1/2\" sq."},
-        ParseCase{"NegativeDropsSignOnly", "- 1'- 0\" sq.", -144, " 1'- 0\" sq."},
-        ParseCase{"Empty", "  ", 0, ""},
-        ParseCase{"InchesAndFraction", "3 1/2", 3.5, "3 1/2"}),
+    ::testing::Values(ParseCase{"FormattedArea", " 6'- 100 1/2\" sq.", 964.5, "6'- 100 1/2\" sq."},
+                      ParseCase{"InchesRunTo143", " 1'- 143 15/16\" sq.", 287.9375,
+                                "1'- 143 15/16\" sq."},
+                      ParseCase{"SquareFeet", "2.5'", 360, "2.5'"},
+                      ParseCase{"FractionWithoutWholeIsLost", "3/4\" sq.", 3, "3/4\" sq."},
+                      ParseCase{"HalfReadsAsOne", "1/2\" sq.", 1, "1/2\" sq."},
+                      ParseCase{"NegativeDropsSignOnly", "- 1'- 0\" sq.", -144, " 1'- 0\" sq."},
+                      ParseCase{"Empty", "  ", 0, ""},
+                      ParseCase{"InchesAndFraction", "3 1/2", 3.5, "3 1/2"}),
     NameOf);
 
 class VolumeForms : public ::testing::TestWithParam<ParseCase> {};
@@ -237,12 +240,11 @@ TEST_P(VolumeForms, Reads) {
 
 INSTANTIATE_TEST_SUITE_P(
     Volume, VolumeForms,
-    ::testing::Values(
-        ParseCase{"CubicFoot", " 1'- 0\" cu.", 1728, "1'- 0\" cu."},
-        ParseCase{"InchesRunTo1727", " 2'- 1727 15/16\" cu.", 3456 + 1727.9375,
-                  "2'- 1727 15/16\" cu."},
-        ParseCase{"FractionWithoutWholeIsLost", "3/4\" cu.", 3, "3/4\" cu."},
-        ParseCase{"Negative", "-2'", -3456, "2'"}),
+    ::testing::Values(ParseCase{"CubicFoot", " 1'- 0\" cu.", 1728, "1'- 0\" cu."},
+                      ParseCase{"InchesRunTo1727", " 2'- 1727 15/16\" cu.", 3456 + 1727.9375,
+                                "2'- 1727 15/16\" cu."},
+                      ParseCase{"FractionWithoutWholeIsLost", "3/4\" cu.", 3, "3/4\" cu."},
+                      ParseCase{"Negative", "-2'", -3456, "2'"}),
     NameOf);
 
 }  // namespace

@@ -20,7 +20,7 @@ constexpr int kSamples = 20000;
 // of them negative; every fourth one lands exactly on a multiple of 1/64 so
 // that the ties of the rounding are met as well.
 class ValueSource {
-public:
+  public:
     explicit ValueSource(std::uint64_t seed, double smallest) : engine_(seed) {
         exponent_ = std::uniform_real_distribution<double>(std::log10(smallest), 20.0);
     }
@@ -31,7 +31,7 @@ public:
         return engine_() % 2 == 0 ? magnitude : -magnitude;
     }
 
-private:
+  private:
     std::mt19937_64 engine_;
     std::uniform_real_distribution<double> exponent_;
 };
@@ -43,7 +43,9 @@ private:
 // of feet, inches and fraction in the parse (a few units of 2.2e-16
 // relative). A relative allowance of 1e-14 covers both with room to spare,
 // and is far below the step for any value under about 3e12 inches.
-double Allowance(double value, double step) { return step / 2 + std::fabs(value) * 1e-14; }
+double Allowance(double value, double step) {
+    return step / 2 + std::fabs(value) * 1e-14;
+}
 
 void CheckLengths(std::int16_t accuracy, std::uint64_t seed) {
     ValueSource source(seed, 1e-6);
@@ -61,9 +63,13 @@ void CheckLengths(std::int16_t accuracy, std::uint64_t seed) {
     }
 }
 
-TEST(RoundTrip, LengthsAtSixteenths) { CheckLengths(16, 1601); }
+TEST(RoundTrip, LengthsAtSixteenths) {
+    CheckLengths(16, 1601);
+}
 
-TEST(RoundTrip, LengthsAtThirtySeconds) { CheckLengths(32, 3201); }
+TEST(RoundTrip, LengthsAtThirtySeconds) {
+    CheckLengths(32, 3201);
+}
 
 // Areas and volumes from one square or cubic inch up: below that the text is
 // a bare fraction such as "1/2\" sq.", which these readers take for its
@@ -86,9 +92,13 @@ void CheckSolids(Format format, Parse parse, const char* suffix, std::uint64_t s
     }
 }
 
-TEST(RoundTrip, Areas) { CheckSolids(FormatArea, ParseAreaText, " sq.", 144); }
+TEST(RoundTrip, Areas) {
+    CheckSolids(FormatArea, ParseAreaText, " sq.", 144);
+}
 
-TEST(RoundTrip, Volumes) { CheckSolids(FormatVolume, ParseVolumeText, " cu.", 1728); }
+TEST(RoundTrip, Volumes) {
+    CheckSolids(FormatVolume, ParseVolumeText, " cu.", 1728);
+}
 
 TEST(RoundTrip, AreaUnderOneSquareInchReadsAsNumerator) {
     std::string text;

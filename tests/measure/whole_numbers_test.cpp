@@ -29,7 +29,7 @@ TEST(ToInt16, LimitsFitAndBeyondFails) {
     EXPECT_EQ(ToInt16(32767.0), 32767);
     EXPECT_EQ(ToInt16(32767.4), 32767);
     EXPECT_EQ(ToInt16(-32768.0), -32768);
-    EXPECT_EQ(ToInt16(-32768.5), -32768);  // tie to the even -32768
+    EXPECT_EQ(ToInt16(-32768.5), -32768);        // tie to the even -32768
     EXPECT_FALSE(ToInt16(32767.5).has_value());  // tie to the even 32768
     EXPECT_FALSE(ToInt16(32768.0).has_value());
     EXPECT_FALSE(ToInt16(-32769.0).has_value());

@@ -1,0 +1,75 @@
+// The settings store kept in a per-user text file, under the XDG config
+// folder ($XDG_CONFIG_HOME, or ~/.config) as lathmark/Lathmark.conf.
+//
+// The file is plain UTF-8 text in the familiar INI shape:
+//
+//     [Colors]
+//     CalcBackground=8421376
+//
+//     [Settings]
+//     Zoom=False
+//
+// Sections are written in the order they were first used, each with its keys
+// in the order they were first written, so the file lists what Entries()
+// lists. A backslash starts an escape: \\ is a backslash, \n a line feed, \r
+// a carriage return and \xHH any byte that would not be plain text (control
+// bytes, bytes that are not UTF-8); any other escaped character stands for
+// itself, which is how a key holds "=" or begins with "[", ";" or "#".
+// Sections and keys are found without regard to case; the first spelling
+// stored is kept.
+//
+// It is read once when made. Settings are a convenience, never a reason to
+// fail, so a file that cannot be trusted costs at most its entries:
+//  - a missing or unreadable file, a folder or other non-file in its place,
+//    or a file larger than kMaxFileSize reads as empty;
+//  - a file with bytes that are not text (NUL and other control bytes but
+//    tab, CR and LF, or bytes that are not UTF-8) is taken for garbage and
+//    reads as empty;
+//  - otherwise every line that is a good section header or key=value line
+//    under a good header is kept and every other line is passed over; blank
+//    lines and lines starting with ";" or "#" are comments. Where one key
+//    stands twice in a section the later line wins.
+//
+// Write() saves at once, so every change is on disk when it returns. Save()
+// writes a new file beside the old one, flushes it to the disk and then puts
+// it in its place, so that a crash or a full disk during the write never
+// loses what was there. A folder that cannot be written costs the save and
+// nothing else: nothing is thrown and no temporary file is left behind.
+#pragma once
+
+#include <cstddef>
+#include <filesystem>
+
+#include "forms/headless_services.h"
+
+namespace forms {
+
+class FileSettingsStore : public SettingsStore {
+public:
+    // Files beyond this size are not ours and are read as empty.
+    static constexpr std::size_t kMaxFileSize = 1024 * 1024;
+
+    explicit FileSettingsStore(std::filesystem::path file);
+    // The per-user file of the application "Lathmark".
+    static std::filesystem::path DefaultPath();
+
+    std::optional<std::string> Read(const std::string& section,
+                                    const std::string& key) const override;
+    // Updates the entry and saves the file at once; a failed save is silent
+    // and the value is still held for the rest of the run.
+    void Write(const std::string& section, const std::string& key,
+               const std::string& value) override;
+    // In the order of the file: sections by first use, keys by first write.
+    std::vector<Entry> Entries() const override;
+
+    // Writes every entry back to the file; false if that failed.
+    bool Save() const;
+
+private:
+    void Load();
+
+    std::filesystem::path file_;
+    MemorySettingsStore entries_;
+};
+
+}  // namespace forms
