@@ -7,8 +7,12 @@
 namespace core {
 
 namespace {
-forms::Control& Readout(Program& p) { return p.calc->Readout; }
-bool ShowsPi(Program& p) { return Readout(p).Caption() == kPiText; }
+forms::Control& Readout(Program& p) {
+    return p.calc->Readout;
+}
+bool ShowsPi(Program& p) {
+    return Readout(p).Caption() == kPiText;
+}
 }  // namespace
 
 void NumberClick(Program& p, int index) {

@@ -8,6 +8,7 @@
 #include "measure/format_text.h"
 #include "measure/number_text.h"
 #include "measure/parse_text.h"
+#include "measure/text_tools.h"
 
 namespace core {
 
@@ -16,7 +17,7 @@ namespace {
 // A double operation that overflows from finite operands is a failure: the
 // field keeps its value. Infinities that came in with an operand pass on.
 bool Overflowed(double result, double a, double b) {
-    return !std::isfinite(result) && std::isfinite(a) && std::isfinite(b);
+    return !measure::Checked(result, a, b);
 }
 
 std::string Length(Program& p, double value) {
@@ -192,9 +193,13 @@ void Close(Program& p) {
 
 }  // namespace
 
-void FocusEqual(Program& p) { p.runtime.SetFocus(p.calc->Equal); }
+void FocusEqual(Program& p) {
+    p.runtime.SetFocus(p.calc->Equal);
+}
 
-void ClearSecondValue(Program& p) { p.state.SecondValue.reset(); }
+void ClearSecondValue(Program& p) {
+    p.state.SecondValue.reset();
+}
 
 void SignalError(Program& p) {
     p.Beep();

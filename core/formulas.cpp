@@ -20,9 +20,13 @@ void StartFormula(Program& p, std::int16_t code, const char* prompt) {
     s.PendingOperation = kNone;
 }
 
-std::string PiLine() { return measure::NumberText(kFormulaPi) + " "; }
+std::string PiLine() {
+    return measure::NumberText(kFormulaPi) + " ";
+}
 
-std::string EntryLine(const CalcState& s) { return "x " + RightTrimBlanks(s.EntryText) + " "; }
+std::string EntryLine(const CalcState& s) {
+    return "x " + RightTrimBlanks(s.EntryText) + " ";
+}
 
 std::string LengthText(Program& p, double value) {
     std::string text;
@@ -39,10 +43,18 @@ void Append(Program& p, const std::vector<std::string>& lines) {
 
 }  // namespace
 
-void CircumferenceClick(Program& p) { StartFormula(p, 1, " Enter diameter of circle"); }
-void CircAreaClick(Program& p) { StartFormula(p, 2, " Enter radius of circle"); }
-void CylVolumeClick(Program& p) { StartFormula(p, 3, " Enter radius of cylinder"); }
-void DiagonalClick(Program& p) { StartFormula(p, 4, " Enter length of side 1"); }
+void CircumferenceClick(Program& p) {
+    StartFormula(p, 1, " Enter diameter of circle");
+}
+void CircAreaClick(Program& p) {
+    StartFormula(p, 2, " Enter radius of circle");
+}
+void CylVolumeClick(Program& p) {
+    StartFormula(p, 3, " Enter radius of cylinder");
+}
+void DiagonalClick(Program& p) {
+    StartFormula(p, 4, " Enter length of side 1");
+}
 
 bool FormulaFirstEntry(Program& p) {
     CalcState& s = p.state;

@@ -86,6 +86,8 @@ void CalculatorActivate(Program& p) {
     p.tape->TapeScrollToEnd();
 }
 
-void CalculatorGotFocus(Program& p) { ShowCalculatorTape(p); }
+void CalculatorGotFocus(Program& p) {
+    ShowCalculatorTape(p);
+}
 
 }  // namespace core

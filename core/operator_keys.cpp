@@ -50,7 +50,9 @@ void PlusClick(Program& p) {
     ChooseOperation(p, "+", kAdd);
 }
 
-void MultiplyClick(Program& p) { ChooseOperation(p, "x", kMultiply); }
+void MultiplyClick(Program& p) {
+    ChooseOperation(p, "x", kMultiply);
+}
 
 void MinusClick(Program& p) {
     if (RefuseAreaOrVolume(p)) return;

@@ -1,10 +1,11 @@
-// The tests that tell a measurement text's kind by the marks it holds, and
-// the blank trimming that the handlers apply to captions. All tests are
-// case-sensitive searches anywhere in the text.
+// The tests that tell a measurement text's kind by the marks it holds. All
+// are case-sensitive searches anywhere in the text.
 #pragma once
 
 #include <string>
 #include <string_view>
+
+#include "measure/text_tools.h"
 
 namespace core {
 
@@ -12,12 +13,17 @@ inline bool Holds(std::string_view text, std::string_view part) {
     return text.find(part) != std::string_view::npos;
 }
 // A foot mark or an inch mark: a length (areas and volumes hold one too).
-inline bool IsMarked(std::string_view t) { return Holds(t, "'") || Holds(t, "\""); }
-inline bool IsAreaText(std::string_view t) { return Holds(t, "sq"); }
-inline bool IsVolumeText(std::string_view t) { return Holds(t, "cu"); }
+inline bool IsMarked(std::string_view t) {
+    return Holds(t, "'") || Holds(t, "\"");
+}
+inline bool IsAreaText(std::string_view t) {
+    return Holds(t, "sq");
+}
+inline bool IsVolumeText(std::string_view t) {
+    return Holds(t, "cu");
+}
 
-// Blanks only; tabs and other white space stay.
-std::string TrimBlanks(std::string_view text);
-std::string RightTrimBlanks(std::string_view text);
+using measure::RightTrimBlanks;
+using measure::TrimBlanks;
 
 }  // namespace core

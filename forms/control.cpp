@@ -17,10 +17,18 @@ void Control::Changed() {
     if (auto* observer = form_.GetRuntime().Observer()) observer->ControlChanged(*this);
 }
 
-bool Control::SetLeft(double v) { return Move(v, top_, width_, height_); }
-bool Control::SetTop(double v) { return Move(left_, v, width_, height_); }
-bool Control::SetWidth(double v) { return Move(left_, top_, v, height_); }
-bool Control::SetHeight(double v) { return Move(left_, top_, width_, v); }
+bool Control::SetLeft(double v) {
+    return Move(v, top_, width_, height_);
+}
+bool Control::SetTop(double v) {
+    return Move(left_, v, width_, height_);
+}
+bool Control::SetWidth(double v) {
+    return Move(left_, top_, v, height_);
+}
+bool Control::SetHeight(double v) {
+    return Move(left_, top_, width_, v);
+}
 
 bool Control::Move(double left, double top, double width, double height) {
     if (!HasRectangle() || width < 0 || height < 0) return false;
@@ -39,7 +47,9 @@ void Control::SetCaption(std::string caption) {
     Changed();
 }
 
-void Control::SetTag(std::string tag) { tag_ = std::move(tag); }
+void Control::SetTag(std::string tag) {
+    tag_ = std::move(tag);
+}
 
 void Control::SetToolTipText(std::string text) {
     toolTip_ = std::move(text);

@@ -21,7 +21,7 @@ inline constexpr int kLeftButton = 1;
 inline constexpr int kRightButton = 2;
 
 class Control {
-public:
+  public:
     Control(Form& form, std::string name, ControlKind kind, int index = -1);
     virtual ~Control() = default;
     Control(const Control&) = delete;
@@ -91,10 +91,10 @@ public:
     std::function<void(std::int16_t& keyCode, int shift)> KeyDown;
     std::function<void()> GotFocus;
 
-protected:
+  protected:
     void Changed();
 
-private:
+  private:
     Form& form_;
     std::string name_;
     ControlKind kind_;

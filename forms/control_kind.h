@@ -6,9 +6,9 @@ namespace forms {
 
 enum class ControlKind {
     Label,
-    PushButton,    // the raised 3-D key of the key pad
-    CommandButton, // a plain button (Backspace, Pi, dialog buttons)
-    Image,         // a hidden picture holder (the drag icons)
+    PushButton,     // the raised 3-D key of the key pad
+    CommandButton,  // a plain button (Backspace, Pi, dialog buttons)
+    Image,          // a hidden picture holder (the drag icons)
     Grid,
     TextBox,
     Line,

@@ -38,7 +38,9 @@ FrameInsets InsetsFor(BorderStyle border, bool hasMenuBar) {
 }  // namespace
 
 Form::Form(Runtime& runtime, std::string name, BorderStyle border, bool hasMenuBar)
-    : runtime_(runtime), name_(std::move(name)), border_(border),
+    : runtime_(runtime),
+      name_(std::move(name)),
+      border_(border),
       insets_(InsetsFor(border, hasMenuBar)) {}
 
 void Form::Changed() {
@@ -116,8 +118,7 @@ Control* Form::Find(const std::string& name, int index) const {
 Control& Form::Get(const std::string& name, int index) const {
     Control* c = Find(name, index);
     if (!c) {
-        std::fprintf(stderr, "form %s has no control %s(%d)\n", name_.c_str(), name.c_str(),
-                     index);
+        std::fprintf(stderr, "form %s has no control %s(%d)\n", name_.c_str(), name.c_str(), index);
         std::abort();
     }
     return *c;

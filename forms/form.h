@@ -21,11 +21,11 @@ namespace forms {
 class Runtime;
 
 enum class BorderStyle {
-    FixedSingle,         // the calculator: caption and menu bar, no resizing
-    SizableNoTitle,      // the tape: a sizable frame and nothing else
-    SizableToolWindow,   // converter and memory cells: a thin caption
-    Sizable,             // the memory parent: the normal frame
-    FixedDialog,         // prompt and About box
+    FixedSingle,        // the calculator: caption and menu bar, no resizing
+    SizableNoTitle,     // the tape: a sizable frame and nothing else
+    SizableToolWindow,  // converter and memory cells: a thin caption
+    Sizable,            // the memory parent: the normal frame
+    FixedDialog,        // prompt and About box
 };
 
 // The non-client band around the inner area, in twips.
@@ -36,7 +36,7 @@ struct FrameInsets {
 enum WindowStates : std::int16_t { kNormal = 0, kMinimized = 1, kMaximized = 2 };
 
 class Form {
-public:
+  public:
     Form(Runtime& runtime, std::string name, BorderStyle border, bool hasMenuBar);
     Form(const Form&) = delete;
     Form& operator=(const Form&) = delete;
@@ -119,7 +119,7 @@ public:
     std::function<void(int& cancel, int unloadMode)> QueryUnload;
     std::function<void(int& cancel)> Unload;
 
-private:
+  private:
     friend class Runtime;
     void RaiseResize();
     void Changed();

@@ -5,7 +5,9 @@
 namespace forms {
 
 namespace {
-bool FitsInt16(int v) { return v >= 0 && v <= std::numeric_limits<std::int16_t>::max(); }
+bool FitsInt16(int v) {
+    return v >= 0 && v <= std::numeric_limits<std::int16_t>::max();
+}
 const std::string kEmpty;
 }  // namespace
 
@@ -54,11 +56,17 @@ const std::string& Grid::Cell(int row, int col) const {
     return cells_[col][row];
 }
 
-std::string& Grid::At(int row, int col) { return cells_[col][row]; }
+std::string& Grid::At(int row, int col) {
+    return cells_[col][row];
+}
 
-const std::string& Grid::Text() const { return Cell(row_, col_); }
+const std::string& Grid::Text() const {
+    return Cell(row_, col_);
+}
 
-bool Grid::SetText(std::string text) { return SetCell(row_, col_, std::move(text)); }
+bool Grid::SetText(std::string text) {
+    return SetCell(row_, col_, std::move(text));
+}
 
 bool Grid::SetCell(int row, int col, std::string text) {
     if (row < 0 || row >= rows_ || col < 0 || col >= cols_) return false;
@@ -81,7 +89,9 @@ bool Grid::SetLeftCol(int col) {
     return true;
 }
 
-int Grid::RowHeight(int) const { return kRowHeight; }
+int Grid::RowHeight(int) const {
+    return kRowHeight;
+}
 
 double Grid::ColWidth(int col) const {
     if (col < 0 || col >= cols_) return 0;

@@ -13,7 +13,7 @@
 namespace forms {
 
 class Grid : public Control {
-public:
+  public:
     Grid(Form& form, std::string name);
 
     std::int16_t Rows() const { return rows_; }
@@ -46,7 +46,7 @@ public:
 
     static constexpr int kRowHeight = 225;  // twips: one line of the tape
 
-private:
+  private:
     std::string& At(int row, int col);
     std::int16_t rows_ = 10, cols_ = 1, row_ = 0, col_ = 0, topRow_ = 0, leftCol_ = 0;
     std::vector<std::vector<std::string>> cells_;  // [col][row]

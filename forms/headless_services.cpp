@@ -36,11 +36,16 @@ void MemorySettingsStore::Write(const std::string& section, const std::string& k
 
 const char* IconName(MessageIcon icon) {
     switch (icon) {
-        case MessageIcon::None: return "None";
-        case MessageIcon::Critical: return "Critical";
-        case MessageIcon::Question: return "Question";
-        case MessageIcon::Exclamation: return "Exclamation";
-        case MessageIcon::Information: return "Information";
+        case MessageIcon::None:
+            return "None";
+        case MessageIcon::Critical:
+            return "Critical";
+        case MessageIcon::Question:
+            return "Question";
+        case MessageIcon::Exclamation:
+            return "Exclamation";
+        case MessageIcon::Information:
+            return "Information";
     }
     return "None";
 }

@@ -11,13 +11,13 @@
 namespace forms {
 
 class CountingBeeper : public Beeper {
-public:
+  public:
     void Beep() override { ++count; }
     int count = 0;
 };
 
 class RecordingMessageBoxes : public MessageBoxes {
-public:
+  public:
     struct Shown {
         std::string text, title;
         MessageButtons buttons;
@@ -33,14 +33,14 @@ public:
 
 // A settings store held in memory, keys compared without regard to case.
 class MemorySettingsStore : public SettingsStore {
-public:
+  public:
     std::optional<std::string> Read(const std::string& section,
                                     const std::string& key) const override;
     void Write(const std::string& section, const std::string& key,
                const std::string& value) override;
     std::vector<Entry> Entries() const override { return entries_; }
 
-private:
+  private:
     std::vector<Entry> entries_;
 };
 

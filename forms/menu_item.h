@@ -13,7 +13,7 @@ namespace forms {
 class Form;
 
 class MenuItem {
-public:
+  public:
     MenuItem(Form& form, std::string name, std::string caption, int index = -1);
     MenuItem(const MenuItem&) = delete;
     MenuItem& operator=(const MenuItem&) = delete;
@@ -34,7 +34,7 @@ public:
 
     std::function<void()> Click;
 
-private:
+  private:
     void Changed();
     Form& form_;
     std::string name_, caption_;

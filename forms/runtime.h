@@ -14,7 +14,7 @@
 namespace forms {
 
 class Runtime {
-public:
+  public:
     Runtime(Services services, ScreenInfo screen);
     ~Runtime();
     Runtime(const Runtime&) = delete;
@@ -56,7 +56,7 @@ public:
     void End();
     bool Ended() const { return ended_; }
 
-private:
+  private:
     friend class Form;
     void FormHidden(Form& form);
 

@@ -9,7 +9,7 @@ class Control;
 class MenuItem;
 
 class RuntimeObserver {
-public:
+  public:
     virtual ~RuntimeObserver() = default;
     virtual void FormChanged(Form&) {}
     virtual void FormLoaded(Form&) {}

@@ -9,7 +9,7 @@
 namespace forms {
 
 class Beeper {
-public:
+  public:
     virtual ~Beeper() = default;
     virtual void Beep() = 0;
 };
@@ -19,7 +19,7 @@ enum class MessageButtons { OkOnly, OkCancel, YesNo, YesNoCancel };
 enum class MessageAnswer { Ok, Cancel, Yes, No };
 
 class MessageBoxes {
-public:
+  public:
     virtual ~MessageBoxes() = default;
     // Shows a modal box and waits for the answer.
     virtual MessageAnswer Show(const std::string& text, const std::string& title,
@@ -29,7 +29,7 @@ public:
 // The per-user store of the program's settings: text values by section and
 // key. Keys are found without regard to case.
 class SettingsStore {
-public:
+  public:
     struct Entry {
         std::string section, key, value;
     };

@@ -45,7 +45,7 @@
 namespace forms {
 
 class FileSettingsStore : public SettingsStore {
-public:
+  public:
     // Files beyond this size are not ours and are read as empty.
     static constexpr std::size_t kMaxFileSize = 1024 * 1024;
 
@@ -65,7 +65,7 @@ public:
     // Writes every entry back to the file; false if that failed.
     bool Save() const;
 
-private:
+  private:
     void Load();
 
     std::filesystem::path file_;

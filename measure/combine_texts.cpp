@@ -9,10 +9,6 @@ namespace measure {
 
 namespace {
 
-using detail::CheckedAdd;
-using detail::CheckedSubtract;
-using detail::Contains;
-
 enum Operation : std::int16_t {
     kAdd = 1,
     kSubtract = 2,

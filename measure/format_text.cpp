@@ -12,9 +12,6 @@ namespace measure {
 
 namespace {
 
-using detail::CheckedMultiply;
-using detail::CheckedSubtract;
-
 // "1/2", "3/16", "5/32": the count over the denominator in lowest terms;
 // nothing for a count of 0.
 std::string FractionText(std::int16_t count, std::int16_t denominator) {

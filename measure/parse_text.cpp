@@ -13,13 +13,6 @@ namespace measure {
 
 namespace {
 
-using detail::CheckedAdd;
-using detail::CheckedMultiply;
-using detail::FindPosition;
-using detail::Store16;
-using detail::TrimBlanks;
-using detail::TrimLeftBlanks;
-
 struct Kind {
     double unitsInFoot;  // 12, 144 or 1728
     bool bareFraction;   // "3/4" without a whole number is understood

@@ -3,7 +3,7 @@
 #include <cmath>
 #include <limits>
 
-namespace measure::detail {
+namespace measure {
 
 std::string TrimBlanks(std::string_view text) {
     const std::size_t first = text.find_first_not_of(' ');
@@ -16,6 +16,12 @@ std::string TrimLeftBlanks(std::string_view text) {
     const std::size_t first = text.find_first_not_of(' ');
     if (first == std::string_view::npos) return {};
     return std::string(text.substr(first));
+}
+
+std::string RightTrimBlanks(std::string_view text) {
+    const std::size_t last = text.find_last_not_of(' ');
+    if (last == std::string_view::npos) return {};
+    return std::string(text.substr(0, last + 1));
 }
 
 bool Contains(std::string_view text, std::string_view part) {
@@ -38,4 +44,4 @@ std::optional<double> Checked(double result, double left, double right) {
     return result;
 }
 
-}  // namespace measure::detail
+}  // namespace measure

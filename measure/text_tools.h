@@ -1,5 +1,5 @@
-// Small text and arithmetic helpers shared by the measurement routines. Not
-// part of the library's interface.
+// Small text and arithmetic helpers shared by the measurement routines and
+// the calculator's handlers.
 #pragma once
 
 #include <cstdint>
@@ -7,12 +7,13 @@
 #include <string>
 #include <string_view>
 
-namespace measure::detail {
+namespace measure {
 
 // Blanks only (character 32): tabs and other white space are kept, as the
 // program's trimming has always done.
 std::string TrimBlanks(std::string_view text);
 std::string TrimLeftBlanks(std::string_view text);
+std::string RightTrimBlanks(std::string_view text);
 
 bool Contains(std::string_view text, std::string_view part);
 
@@ -39,4 +40,4 @@ inline std::optional<double> CheckedMultiply(double a, double b) {
     return Checked(a * b, a, b);
 }
 
-}  // namespace measure::detail
+}  // namespace measure

@@ -29,6 +29,8 @@ void HeadlessDriver::SetWindowState(forms::Form& form, std::int16_t state) {
     form.SetWindowState(state);
 }
 
-void HeadlessDriver::CloseWindow(forms::Form& form) { form.GetRuntime().Unload(form); }
+void HeadlessDriver::CloseWindow(forms::Form& form) {
+    form.GetRuntime().Unload(form);
+}
 
 }  // namespace scenario

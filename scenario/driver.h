@@ -10,7 +10,7 @@
 namespace scenario {
 
 class Driver {
-public:
+  public:
     virtual ~Driver() = default;
     virtual void KeyPress(forms::Form& form, std::int16_t keyAscii) = 0;
     virtual void KeyUp(forms::Form& form, std::int16_t keyCode) = 0;
@@ -28,7 +28,7 @@ public:
 };
 
 class HeadlessDriver : public Driver {
-public:
+  public:
     void KeyPress(forms::Form& form, std::int16_t keyAscii) override;
     void KeyUp(forms::Form& form, std::int16_t keyCode) override;
     void Click(forms::Control& control) override;

@@ -34,7 +34,9 @@ std::optional<std::int16_t> KeyByName(const Word& w) {
     return std::nullopt;
 }
 
-std::string Truth(bool b) { return b ? "True" : "False"; }
+std::string Truth(bool b) {
+    return b ? "True" : "False";
+}
 
 std::string Slot(const std::optional<double>& slot) {
     return slot ? FormatNumber(*slot) : "empty";
@@ -54,7 +56,9 @@ std::unique_ptr<shell::LathmarkApp> Runner::StartApp(forms::Services services,
     return app;
 }
 
-void Runner::StopApp() { app_.reset(); }
+void Runner::StopApp() {
+    app_.reset();
+}
 
 shell::LathmarkApp& Runner::App() {
     if (!app_) {
@@ -226,8 +230,7 @@ bool Runner::ProgramCommand(const Words& w) {
         c->SetCaption(w[2].text);
         return true;
     }
-    if ((verb == "activate" || verb == "gotfocus") && w.size() == 2 &&
-        w[1].text == "Calculator") {
+    if ((verb == "activate" || verb == "gotfocus") && w.size() == 2 && w[1].text == "Calculator") {
         forms::Form& calc = *P().Calculator;
         auto& handler = verb == "activate" ? calc.Activate : calc.GotFocus;
         if (handler) handler();
@@ -350,8 +353,8 @@ bool Runner::Inspect(const Words& w) {
         App();
         for (; messagesShown_ < messages_.shown.size(); ++messagesShown_) {
             const auto& m = messages_.shown[messagesShown_];
-            out_ << Quote(m.text) << " " << Quote(m.title) << " "
-                 << Quote(forms::IconName(m.icon)) << "\n";
+            out_ << Quote(m.text) << " " << Quote(m.title) << " " << Quote(forms::IconName(m.icon))
+                 << "\n";
         }
         return true;
     }

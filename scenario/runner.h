@@ -15,7 +15,7 @@
 namespace scenario {
 
 class Runner {
-public:
+  public:
     Runner(std::ostream& out, std::ostream& err);
     virtual ~Runner();
 
@@ -23,7 +23,7 @@ public:
     // cannot be read).
     int Run(std::istream& in);
 
-protected:
+  protected:
     // Starts the program on the runner's services; a GUI runner puts real
     // windows behind it.
     virtual std::unique_ptr<shell::LathmarkApp> StartApp(forms::Services services,
@@ -33,7 +33,7 @@ protected:
 
     std::unique_ptr<shell::LathmarkApp> app_;
 
-private:
+  private:
     using Words = std::vector<Word>;
     bool Execute(const Words& w);
     bool MeasureCommand(const Words& w);

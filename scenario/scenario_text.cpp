@@ -25,7 +25,8 @@ std::optional<std::vector<Word>> SplitWords(std::string_view line) {
                     break;
                 }
                 if (c == '\\') {
-                    if (i >= line.size() || (line[i] != '"' && line[i] != '\\')) return std::nullopt;
+                    if (i >= line.size() || (line[i] != '"' && line[i] != '\\'))
+                        return std::nullopt;
                     word.text += line[i++];
                 } else {
                     word.text += c;

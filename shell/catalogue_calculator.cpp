@@ -103,8 +103,8 @@ void AddPictures(forms::Form& f) {
     const struct {
         const char* name;
         int left;
-    } images[] = {{"Image1", 480}, {"Image2", 0}, {"Image3", 1920}, {"Image4", 960},
-                  {"Image5", 1440}};
+    } images[] = {
+        {"Image1", 480}, {"Image2", 0}, {"Image3", 1920}, {"Image4", 960}, {"Image5", 1440}};
     for (const auto& image : images) {
         Control& c = f.AddControl(std::string(image.name), ControlKind::Image);
         c.Move(image.left, 0, 480, 480);
@@ -150,9 +150,9 @@ void AddMenus(forms::Form& f) {
     zoom.Add("ZoomSmall", "75%");
     zoom.Add("ZoomLarge", "100%").SetChecked(true);
     forms::MenuItem& colors = display.Add("mnuColors", "Colors");
-    const char* colorCaptions[] = {"Calculator",     "Calculator readout ", "Memory",
-                                   "Memory readout", "Converter",           "Converter readout",
-                                   "Converter result readouts"};
+    const char* colorCaptions[] = {
+        "Calculator",        "Calculator readout ",      "Memory", "Memory readout", "Converter",
+        "Converter readout", "Converter result readouts"};
     for (int i = 0; i < 7; ++i) colors.Add("mnuColor", colorCaptions[i], i);
 
     forms::MenuItem& help = f.AddMenu("HelpMenu", "&Help");

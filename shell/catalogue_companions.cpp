@@ -31,8 +31,8 @@ forms::Form& MakeTapeForm(forms::Runtime& runtime) {
     grid.SetBackColor(kWhite);
     const Font arrows{"Marlett", 8.25, false};
     for (int i = 0; i < 2; ++i) {
-        Control& b = Add(f, "cmdScrollTape", ControlKind::CommandButton, i == 0 ? 0 : 1680, 0,
-                         210, 195, i == 0 ? "3" : "4", i);
+        Control& b = Add(f, "cmdScrollTape", ControlKind::CommandButton, i == 0 ? 0 : 1680, 0, 210,
+                         195, i == 0 ? "3" : "4", i);
         b.SetFont(arrows);
         b.SetVisible(false);
     }
@@ -84,8 +84,7 @@ forms::Form& MakeInputPrompt(forms::Runtime& runtime) {
     forms::Form& f = runtime.CreateForm("frmInput", forms::BorderStyle::FixedDialog);
     f.SetCaption("Named Memory");
     f.SetDesignInnerSize(3255, 1350);
-    Add(f, "Label1", ControlKind::Label, 120, 150, 2895, 225,
-        "Enter a name for this memory cell:");
+    Add(f, "Label1", ControlKind::Label, 120, 150, 2895, 225, "Enter a name for this memory cell:");
     Add(f, "txtText1", ControlKind::TextBox, 90, 450, 3075, 285, "Text1");
     Add(f, "Command1", ControlKind::CommandButton, 90, 840, 1485, 405, "OK");
     Add(f, "Command2", ControlKind::CommandButton, 1680, 840, 1485, 405, "Cancel");

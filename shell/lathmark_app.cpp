@@ -30,7 +30,9 @@ LathmarkApp::LathmarkApp(forms::Services services, forms::ScreenInfo screen)
     converter::WireConverterWindow(p);
 }
 
-LathmarkApp::~LathmarkApp() { runtime_->SetObserver(nullptr); }
+LathmarkApp::~LathmarkApp() {
+    runtime_->SetObserver(nullptr);
+}
 
 void LathmarkApp::Start() {
     core::Program& p = *program_;

@@ -11,7 +11,7 @@
 namespace shell {
 
 class LathmarkApp {
-public:
+  public:
     LathmarkApp(forms::Services services, forms::ScreenInfo screen);
     ~LathmarkApp();
 
@@ -26,7 +26,7 @@ public:
     core::Program& Program() { return *program_; }
     bool Ended() const { return runtime_->Ended(); }
 
-private:
+  private:
     std::unique_ptr<forms::Runtime> runtime_;
     std::unique_ptr<core::Program> program_;
 };

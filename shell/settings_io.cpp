@@ -27,7 +27,9 @@ void ReadNumber(core::Program& p, const char* key, double fallback, std::int32_t
     if (auto v = ReadWhole(Read(p, "Settings", key, DefaultText(fallback)))) number = *v;
 }
 
-std::string TruthText(bool value) { return value ? "True" : "False"; }
+std::string TruthText(bool value) {
+    return value ? "True" : "False";
+}
 
 std::string PositionText(double twips) {
     // Single precision, as the form reports it; whole twips in practice.

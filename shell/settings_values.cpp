@@ -40,6 +40,8 @@ std::optional<std::int32_t> ReadWhole(const std::string& text) {
     return measure::ToInt32(*number);
 }
 
-std::string DefaultText(double value) { return measure::PlainNumberText(value); }
+std::string DefaultText(double value) {
+    return measure::PlainNumberText(value);
+}
 
 }  // namespace shell

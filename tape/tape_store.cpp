@@ -6,7 +6,9 @@
 
 namespace tape {
 
-TapeStore::TapeStore(forms::Grid& grid) : grid_(&grid) { Reset(); }
+TapeStore::TapeStore(forms::Grid& grid) : grid_(&grid) {
+    Reset();
+}
 
 void TapeStore::Reset() {
     rowCount_.assign(1, 0);

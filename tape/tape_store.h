@@ -13,7 +13,7 @@
 namespace tape {
 
 class TapeStore {
-public:
+  public:
     explicit TapeStore(forms::Grid& grid);
 
     forms::Grid& Grid1() const { return *grid_; }
@@ -42,10 +42,9 @@ public:
     // The writers' common pattern: TapeAddRows(tape, n), optionally
     // Grid1.Col := tape, then the n lines addressed backwards from the new end.
     // The scroll is left to the caller.
-    void AppendLines(std::int16_t tape, const std::vector<std::string>& lines,
-                     bool selectColumn);
+    void AppendLines(std::int16_t tape, const std::vector<std::string>& lines, bool selectColumn);
 
-private:
+  private:
     forms::Grid* grid_;
     std::vector<std::int16_t> rowCount_;
     std::vector<std::string> names_;

@@ -10,13 +10,19 @@ namespace {
 
 constexpr int kTitleHeight = 280;  // the title strip above the grid
 constexpr int kFrameAndTitle = 400;
-constexpr int kInset = 240;        // the tape is narrower by this on each side
-constexpr int kOverlap = 60;       // its lower edge reaches under the calculator
+constexpr int kInset = 240;   // the tape is narrower by this on each side
+constexpr int kOverlap = 60;  // its lower edge reaches under the calculator
 constexpr int kArrowWidth = 210;
 
-forms::Form& Tape(core::Program& p) { return *p.frmTape; }
-forms::Form& Calc(core::Program& p) { return *p.Calculator; }
-forms::Grid& Grid(core::Program& p) { return p.tape->Grid1(); }
+forms::Form& Tape(core::Program& p) {
+    return *p.frmTape;
+}
+forms::Form& Calc(core::Program& p) {
+    return *p.Calculator;
+}
+forms::Grid& Grid(core::Program& p) {
+    return p.tape->Grid1();
+}
 
 bool CalculatorMinimized(core::Program& p) {
     return Calc(p).WindowState() == forms::kMinimized;
@@ -145,7 +151,8 @@ void WireTapeWindow(core::Program& p) {
     grid.DblClick = [&p] { HideTapeByDoubleClick(p); };
     grid.MouseDown = [](int, int, float, float) {};  // so the print popup never shows
     f.Get("Label1").DblClick = [&p] { HideTapeByDoubleClick(p); };
-    for (int i = 0; i < 2; ++i) f.Get("cmdScrollTape", i).Click = [&p, i] { ScrollTapeClick(p, i); };
+    for (int i = 0; i < 2; ++i)
+        f.Get("cmdScrollTape", i).Click = [&p, i] { ScrollTapeClick(p, i); };
     Calc(p).GetMenu("mnuTape").Click = [&p] { MenuTapeClick(p); };
     Calc(p).GetMenu("mnuPopup1ShowTape").Click = [&p] { MenuTapeClick(p); };
 }
