@@ -77,6 +77,13 @@ void Form::Move(double left, double top, double width, double height) {
 }
 
 void Form::ReportGeometry(double left, double top, double width, double height) {
+    // The window system never lets a frame be dragged smaller than its
+    // minimum tracking size of 27 pixels.
+    constexpr double kMinimumTrack = 27 * 15;
+    if (border_ != BorderStyle::FixedSingle && border_ != BorderStyle::FixedDialog) {
+        if (height < kMinimumTrack) height = kMinimumTrack;
+        if (width < kMinimumTrack) width = kMinimumTrack;
+    }
     Move(left, top, width, height);
 }
 

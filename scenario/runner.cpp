@@ -64,7 +64,8 @@ shell::LathmarkApp& Runner::App() {
     if (!app_) {
         forms::Services services{&beeper_, &messages_, &settings_};
         app_ = StartApp(services, screen_);
-        app_->Program().AccuracyDenominator = accuracy_;
+        // An accuracy chosen before the start acts on the program as well.
+        if (accuracyChosen_) app_->Program().AccuracyDenominator = accuracy_;
     }
     return *app_;
 }
@@ -124,6 +125,7 @@ bool Runner::MeasureCommand(const Words& w) {
         auto n = ParseInteger(w[1].text);
         if (!n || *n < -32768 || *n > 32767) return false;
         accuracy_ = static_cast<std::int16_t>(*n);
+        accuracyChosen_ = true;
         if (app_) P().AccuracyDenominator = accuracy_;
         return true;
     }

@@ -56,6 +56,7 @@ class Runner {
     forms::ScreenInfo screen_;
     std::size_t messagesShown_ = 0;
     std::int16_t accuracy_ = 16;
+    bool accuracyChosen_ = false;
 };
 
 }  // namespace scenario
