@@ -1,0 +1,468 @@
+#include "forms/settings_file.h"
+
+#include <fcntl.h>
+#include <pwd.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstdlib>
+#include <string_view>
+#include <system_error>
+#include <utility>
+
+#include "forms/case_insensitive.h"
+
+namespace forms {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
+
+bool IsBlank(char c) {
+    return c == ' ' || c == '\t';
+}
+
+// The length of the well-formed UTF-8 sequence that starts at s[i], or 0 when
+// none does (stray continuation bytes, overlong forms, surrogates, code points
+// beyond U+10FFFF, a sequence cut short).
+std::size_t Utf8Length(std::string_view s, std::size_t i) {
+    const auto lead = static_cast<unsigned char>(s[i]);
+    if (lead < 0x80) return 1;
+    std::size_t length = 0;
+    char32_t code = 0;
+    char32_t smallest = 0;
+    if (lead >= 0xC2 && lead <= 0xDF) {
+        length = 2;
+        code = lead & 0x1F;
+        smallest = 0x80;
+    } else if ((lead & 0xF0) == 0xE0) {
+        length = 3;
+        code = lead & 0x0F;
+        smallest = 0x800;
+    } else if (lead >= 0xF0 && lead <= 0xF4) {
+        length = 4;
+        code = lead & 0x07;
+        smallest = 0x10000;
+    } else {
+        return 0;
+    }
+    if (s.size() - i < length) return 0;
+    for (std::size_t k = 1; k < length; ++k) {
+        const auto next = static_cast<unsigned char>(s[i + k]);
+        if ((next & 0xC0) != 0x80) return 0;
+        code = (code << 6) | (next & 0x3F);
+    }
+    if (code < smallest || code > 0x10FFFF || (code >= 0xD800 && code <= 0xDFFF)) return 0;
+    return length;
+}
+
+// Bytes that no text file of ours holds raw: the writer escapes them.
+bool IsForbiddenControl(unsigned char c) {
+    return c < 0x20 && c != '\t' && c != '\n' && c != '\r';
+}
+
+// True when the whole file is UTF-8 text without stray control bytes. A file
+// that fails this is garbage (a binary file, a wrong file, a torn write) and
+// no line of it is trusted.
+bool LooksLikeText(std::string_view s) {
+    std::size_t i = 0;
+    while (i < s.size()) {
+        const auto c = static_cast<unsigned char>(s[i]);
+        if (c < 0x80) {
+            if (IsForbiddenControl(c)) return false;
+            ++i;
+            continue;
+        }
+        const std::size_t length = Utf8Length(s, i);
+        if (length == 0) return false;
+        i += length;
+    }
+    return true;
+}
+
+enum class Part { Section, Key, Value };
+
+void AppendHexEscape(std::string& out, unsigned char c) {
+    constexpr std::string_view kDigits = "0123456789ABCDEF";
+    out += "\\x";
+    out += kDigits[c >> 4];
+    out += kDigits[c & 0x0F];
+}
+
+// The text of a name or value as it stands in the file: always one line of
+// valid UTF-8 that reads back to exactly the bytes given. Names also escape
+// blanks at their ends (the reader trims raw ones, so hand-edited "key = v"
+// still works); keys escape "=" and a leading "[", ";" or "#", which would
+// otherwise make the line a separator, a header or a comment.
+std::string Escape(std::string_view s, Part part) {
+    std::string out;
+    out.reserve(s.size());
+    const bool isName = part != Part::Value;
+    std::size_t i = 0;
+    while (i < s.size()) {
+        const char c = s[i];
+        const auto byte = static_cast<unsigned char>(c);
+        if (byte >= 0x80) {
+            const std::size_t length = Utf8Length(s, i);
+            if (length == 0) {
+                AppendHexEscape(out, byte);
+                ++i;
+            } else {
+                out.append(s.substr(i, length));
+                i += length;
+            }
+            continue;
+        }
+        const bool atStart = i == 0;
+        const bool atEnd = i + 1 == s.size();
+        if (c == '\\') {
+            out += "\\\\";
+        } else if (c == '\n') {
+            out += "\\n";
+        } else if (c == '\r') {
+            out += "\\r";
+        } else if (byte < 0x20 && c != '\t') {
+            AppendHexEscape(out, byte);
+        } else if (isName && IsBlank(c) && (atStart || atEnd)) {
+            out += '\\';
+            out += c;
+        } else if (part == Part::Key &&
+                   (c == '=' || (atStart && (c == '[' || c == ';' || c == '#')))) {
+            out += '\\';
+            out += c;
+        } else {
+            out += c;
+        }
+        ++i;
+    }
+    return out;
+}
+
+int HexValue(char c) {
+    if (c >= '0' && c <= '9') return c - '0';
+    if (c >= 'a' && c <= 'f') return c - 'a' + 10;
+    if (c >= 'A' && c <= 'F') return c - 'A' + 10;
+    return -1;
+}
+
+// Undoes Escape. Raw blanks at the end are dropped when trimEnd is set (for
+// names); escaped ones are kept. Nothing when an escape is cut short or
+// malformed: the line is damaged.
+std::optional<std::string> Unescape(std::string_view s, bool trimEnd) {
+    std::string out;
+    out.reserve(s.size());
+    std::size_t keep = 0;  // length of out up to its last character that is not a raw blank
+    std::size_t i = 0;
+    while (i < s.size()) {
+        const char c = s[i];
+        if (c != '\\') {
+            out += c;
+            if (!IsBlank(c)) keep = out.size();
+            ++i;
+            continue;
+        }
+        if (i + 1 >= s.size()) return std::nullopt;
+        const char code = s[i + 1];
+        i += 2;
+        if (code == 'n') {
+            out += '\n';
+        } else if (code == 'r') {
+            out += '\r';
+        } else if (code == 'x') {
+            if (s.size() - i < 2) return std::nullopt;
+            const int high = HexValue(s[i]);
+            const int low = HexValue(s[i + 1]);
+            if (high < 0 || low < 0) return std::nullopt;
+            out += static_cast<char>(high * 16 + low);
+            i += 2;
+        } else {
+            out += code;
+        }
+        keep = out.size();
+    }
+    if (trimEnd) out.resize(keep);
+    return out;
+}
+
+std::string_view TrimStart(std::string_view s) {
+    std::size_t i = 0;
+    while (i < s.size() && IsBlank(s[i])) ++i;
+    return s.substr(i);
+}
+
+// The position of the first "=" that is not escaped, or npos.
+std::size_t FindSeparator(std::string_view line) {
+    for (std::size_t i = 0; i < line.size(); ++i) {
+        if (line[i] == '\\') {
+            ++i;
+        } else if (line[i] == '=') {
+            return i;
+        }
+    }
+    return std::string_view::npos;
+}
+
+void Parse(std::string_view text, MemorySettingsStore& into) {
+    if (text.substr(0, kByteOrderMark.size()) == kByteOrderMark) {
+        text.remove_prefix(kByteOrderMark.size());
+    }
+    if (!LooksLikeText(text)) return;
+
+    // Empty until a good header: key lines under a header that could not be
+    // read belong to no known section and are passed over with it.
+    std::optional<std::string> section;
+    while (!text.empty()) {
+        const std::size_t end = text.find('\n');
+        std::string_view line = text.substr(0, end);
+        text = end == std::string_view::npos ? std::string_view() : text.substr(end + 1);
+        if (!line.empty() && line.back() == '\r') line.remove_suffix(1);  // written on Windows
+
+        const std::string_view content = TrimStart(line);
+        if (content.empty() || content.front() == ';' || content.front() == '#') continue;
+        if (content.front() == '[') {
+            std::string_view header = content;
+            while (!header.empty() && IsBlank(header.back())) header.remove_suffix(1);
+            section.reset();
+            if (header.size() >= 2 && header.back() == ']') {
+                section = Unescape(TrimStart(header.substr(1, header.size() - 2)), true);
+            }
+            continue;
+        }
+        if (!section) continue;
+        const std::size_t separator = FindSeparator(content);
+        if (separator == std::string_view::npos) continue;
+        const auto key = Unescape(content.substr(0, separator), true);
+        const auto value = Unescape(content.substr(separator + 1), false);
+        if (!key || !value) continue;
+        into.Write(*section, *key, *value);  // a key met again: the later line wins
+    }
+}
+
+// Closes a descriptor at the end of its scope, thrown through or not.
+class FileCloser {
+  public:
+    explicit FileCloser(int fd) : fd_(fd) {}
+    FileCloser(const FileCloser&) = delete;
+    FileCloser& operator=(const FileCloser&) = delete;
+    ~FileCloser() {
+        if (fd_ >= 0) ::close(fd_);
+    }
+
+  private:
+    int fd_;
+};
+
+// The whole of a regular file of at most kMaxFileSize bytes. Nothing for a
+// file that is missing, unreadable, not a regular file or too large. The
+// file is opened without blocking so that a FIFO put in its place cannot
+// hang the start of the program.
+std::optional<std::string> ReadSmallFile(const fs::path& file) {
+    const int fd = ::open(file.c_str(), O_RDONLY | O_CLOEXEC | O_NOCTTY | O_NONBLOCK);
+    if (fd < 0) return std::nullopt;
+    const FileCloser closer(fd);
+    struct stat info {};
+    if (::fstat(fd, &info) != 0 || !S_ISREG(info.st_mode) || info.st_size < 0 ||
+        static_cast<unsigned long long>(info.st_size) > FileSettingsStore::kMaxFileSize) {
+        return std::nullopt;
+    }
+    // One byte more than the size, to notice a file that grows while read:
+    // a file in the middle of being written by hand is not trusted.
+    std::string buffer(static_cast<std::size_t>(info.st_size) + 1, '\0');
+    std::size_t total = 0;
+    while (total < buffer.size()) {
+        const ssize_t got = ::read(fd, buffer.data() + total, buffer.size() - total);
+        if (got < 0) {
+            if (errno == EINTR) continue;
+            return std::nullopt;
+        }
+        if (got == 0) break;
+        total += static_cast<std::size_t>(got);
+    }
+    if (total == buffer.size()) return std::nullopt;
+    buffer.resize(total);
+    return buffer;
+}
+
+bool WriteAll(int fd, std::string_view data) {
+    while (!data.empty()) {
+        const ssize_t put = ::write(fd, data.data(), data.size());
+        if (put < 0) {
+            if (errno == EINTR) continue;
+            return false;
+        }
+        if (put == 0) return false;
+        data.remove_prefix(static_cast<std::size_t>(put));
+    }
+    return true;
+}
+
+// Makes the folder and any missing parents. New folders are private to the
+// user, as the XDG rules ask for folders made for per-user configuration.
+bool MakeFolder(const fs::path& folder) {
+    std::error_code error;
+    if (fs::is_directory(folder, error)) return true;
+    fs::path partial;
+    for (const auto& component : folder) {
+        partial /= component;
+        if (::mkdir(partial.c_str(), 0700) != 0 && errno != EEXIST) return false;
+    }
+    return fs::is_directory(folder, error);
+}
+
+// Makes the rename itself durable. A folder that refuses this still holds
+// the new file in the usual case, so a failure here does not fail the save.
+void SyncFolder(const fs::path& folder) {
+    const int fd = ::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    if (fd < 0) return;
+    ::fsync(fd);
+    ::close(fd);
+}
+
+// Entries grouped by section, sections in the order of first use and each
+// section's keys in the order of first write: the order of the file. A
+// section written in several spellings is one section under its first
+// spelling, as one header in the file.
+std::vector<SettingsStore::Entry> GroupBySection(const std::vector<SettingsStore::Entry>& all) {
+    std::vector<SettingsStore::Entry> grouped;
+    grouped.reserve(all.size());
+    std::vector<bool> taken(all.size(), false);
+    for (std::size_t i = 0; i < all.size(); ++i) {
+        if (taken[i]) continue;
+        for (std::size_t j = i; j < all.size(); ++j) {
+            if (!taken[j] && EqualsIgnoringCase(all[j].section, all[i].section)) {
+                grouped.push_back(all[j]);
+                grouped.back().section = all[i].section;
+                taken[j] = true;
+            }
+        }
+    }
+    return grouped;
+}
+
+std::string Serialize(const std::vector<SettingsStore::Entry>& grouped) {
+    std::string text;
+    const std::string* section = nullptr;
+    for (const auto& entry : grouped) {
+        if (section == nullptr || !EqualsIgnoringCase(*section, entry.section)) {
+            if (section != nullptr) text += '\n';
+            text += '[';
+            text += Escape(entry.section, Part::Section);
+            text += "]\n";
+            section = &entry.section;
+        }
+        text += Escape(entry.key, Part::Key);
+        text += '=';
+        text += Escape(entry.value, Part::Value);
+        text += '\n';
+    }
+    return text;
+}
+
+}  // namespace
+
+FileSettingsStore::FileSettingsStore(std::filesystem::path file) : file_(std::move(file)) {
+    Load();
+}
+
+void FileSettingsStore::Load() {
+    try {
+        if (auto text = ReadSmallFile(file_)) Parse(*text, entries_);
+    } catch (...) {
+        // Out of memory while reading: start from the defaults instead.
+        entries_ = MemorySettingsStore();
+    }
+}
+
+std::filesystem::path FileSettingsStore::DefaultPath() {
+    const fs::path tail = fs::path("lathmark") / "Lathmark.conf";
+    // The XDG rules say a relative XDG_CONFIG_HOME is invalid and is ignored.
+    if (const char* config = std::getenv("XDG_CONFIG_HOME"); config != nullptr && *config != '\0') {
+        const fs::path base(config);
+        if (base.is_absolute()) return base / tail;
+    }
+    if (const char* home = std::getenv("HOME"); home != nullptr && *home != '\0') {
+        return fs::path(home) / ".config" / tail;
+    }
+    // No HOME (a bare service environment): ask the user database.
+    if (const passwd* user = ::getpwuid(::getuid());
+        user != nullptr && user->pw_dir != nullptr && *user->pw_dir != '\0') {
+        return fs::path(user->pw_dir) / ".config" / tail;
+    }
+    return tail;  // beside the current folder, as a last resort
+}
+
+std::optional<std::string> FileSettingsStore::Read(const std::string& section,
+                                                   const std::string& key) const {
+    return entries_.Read(section, key);
+}
+
+void FileSettingsStore::Write(const std::string& section, const std::string& key,
+                              const std::string& value) {
+    entries_.Write(section, key, value);
+    // A failed save is not the caller's concern: the value holds for this run
+    // and the next start finds the old file.
+    Save();
+}
+
+std::vector<SettingsStore::Entry> FileSettingsStore::Entries() const {
+    return GroupBySection(entries_.Entries());
+}
+
+bool FileSettingsStore::Save() const {
+    std::vector<char> temporary;  // the name of the temporary file, once made
+    bool made = false;
+    try {
+        if (file_.empty() || !file_.has_filename()) return false;
+
+        fs::path target = file_;
+        std::error_code error;
+        // A settings file linked from elsewhere (a dotfiles folder) stays
+        // linked: the new file replaces the one the link names.
+        if (fs::is_symlink(target, error)) {
+            fs::path real = fs::canonical(target, error);
+            if (!error) target = std::move(real);
+        }
+        fs::path folder = target.parent_path();
+        if (folder.empty()) folder = ".";
+        if (!MakeFolder(folder)) return false;
+
+        const std::string text = Serialize(GroupBySection(entries_.Entries()));
+
+        // Keep whatever permissions the user gave the old file; a new one is
+        // private, like the rest of the user's configuration.
+        mode_t mode = 0600;
+        struct stat old {};
+        if (::stat(target.c_str(), &old) == 0 && S_ISREG(old.st_mode)) mode = old.st_mode & 0777;
+
+        // A hidden name in the same folder, so that the rename stays on one
+        // file system; mkostemp makes it unique, so two instances never
+        // write into the same temporary file.
+        const std::string pattern =
+            (folder / ("." + target.filename().string() + ".XXXXXX")).string();
+        temporary.assign(pattern.begin(), pattern.end());
+        temporary.push_back('\0');
+        const int fd = ::mkostemp(temporary.data(), O_CLOEXEC);
+        if (fd < 0) return false;
+        made = true;
+
+        // From here on nothing allocates or throws.
+        bool ok = WriteAll(fd, text) && ::fchmod(fd, mode) == 0 && ::fsync(fd) == 0;
+        if (::close(fd) != 0) ok = false;
+        if (ok && ::rename(temporary.data(), target.c_str()) != 0) ok = false;
+        if (!ok) {
+            ::unlink(temporary.data());
+            return false;
+        }
+        SyncFolder(folder);
+        return true;
+    } catch (...) {
+        // Only the steps before the temporary file can throw (memory).
+        if (made) ::unlink(temporary.data());
+        return false;
+    }
+}
+
+}  // namespace forms
