@@ -36,11 +36,11 @@ void TapeStore::AppendLines(std::int16_t tape, const std::vector<std::string>& l
     const auto n = static_cast<std::int16_t>(lines.size());
     TapeAddRows(tape, n);
     if (selectColumn) grid_->SetCol(tape);
-    const int last = InRange(tape, rowCount_.size()) ? rowCount_[tape] : 0;
+    // A tape beyond the arrays fails every Row statement; a row outside the
+    // grid fails too. Either way the text goes to the row current before.
+    const bool counted = InRange(tape, rowCount_.size());
     for (int k = 1; k <= n; ++k) {
-        // A row outside the grid fails and the text goes to the row current
-        // before, as it always has.
-        grid_->SetRow(last - (n - k));
+        if (counted) grid_->SetRow(rowCount_[tape] - (n - k));
         grid_->SetText(lines[k - 1]);
     }
 }
@@ -48,26 +48,32 @@ void TapeStore::AppendLines(std::int16_t tape, const std::vector<std::string>& l
 void TapeStore::TapeWriteClear(std::int16_t tape) {
     TapeAddRows(tape, 3);
     grid_->SetCol(tape);
-    const int last = InRange(tape, rowCount_.size()) ? rowCount_[tape] : 0;
-    grid_->SetRow(last - 2);
+    // Beyond the arrays the Row statements fail and the texts all go into
+    // the current cell.
+    const bool counted = InRange(tape, rowCount_.size());
+    if (counted) grid_->SetRow(rowCount_[tape] - 2);
     grid_->SetText(" ");
-    grid_->SetRow(last - 1);
+    if (counted) grid_->SetRow(rowCount_[tape] - 1);
     grid_->SetText("Clear ");
-    grid_->SetRow(last);
+    if (counted) grid_->SetRow(rowCount_[tape]);
     grid_->SetText(" ");
 }
 
 void TapeStore::TapeScrollToEnd() {
-    auto height = measure::ToInt32(grid_->Height());
-    if (!height) return;
-    auto visibleRows = measure::ToInt16(static_cast<double>(*height / grid_->RowHeight(0)));
-    if (!visibleRows || !InRange(CurrentTape, rowCount_.size())) return;
+    // A height that does not fit the 32- or 16-bit steps leaves visibleRows
+    // at 0, and the routine goes on with that.
+    std::int16_t visibleRows = 0;
+    if (auto height = measure::ToInt32(grid_->Height())) {
+        auto rows = measure::ToInt16(static_cast<double>(*height / grid_->RowHeight(0)));
+        if (rows) visibleRows = *rows;
+    }
+    if (!InRange(CurrentTape, rowCount_.size())) return;
     const int count = rowCount_[CurrentTape];
-    if (count - *visibleRows < 0) {
+    if (count - visibleRows < 0) {
         grid_->SetTopRow(0);
         return;
     }
-    grid_->SetTopRow(count - *visibleRows + 1);
+    grid_->SetTopRow(count - visibleRows + 1);
 }
 
 }  // namespace tape

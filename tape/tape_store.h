@@ -21,8 +21,8 @@ class TapeStore {
     // Back to the one calculator tape, as when the tape window is loaded.
     void Reset();
 
-    // TapeRowCount(t), the number of the last used row of tape t; nullopt
-    // when t lies beyond the arrays.
+    // TapeRowCount(t), the number of the last used row of tape t, and
+    // TapeNames(t), its title; both arrays have the same bound.
     const std::vector<std::int16_t>& TapeRowCount() const { return rowCount_; }
     std::vector<std::int16_t>& TapeRowCount() { return rowCount_; }
     const std::vector<std::string>& TapeNames() const { return names_; }

@@ -112,3 +112,34 @@ TEST_F(TapeWindow, TapeFollowingLeavesTheStackingAlone) {
 }
 
 }  // namespace
+
+namespace {
+
+TEST_F(TapeWindow, ActivatingTheCalculatorTurnsTheTapeToTapeZeroAndScrolls) {
+    GiveThreeTapes();
+    for (int i = 0; i < 4; ++i) P().tape->TapeAddRows(0, 3);  // 12 lines on tape 0
+    Press(39);
+    Press(39);
+    ASSERT_EQ(P().tape->CurrentTape, 2);
+    P().Calculator->Activate();
+    EXPECT_EQ(P().tape->CurrentTape, 0);
+    EXPECT_EQ(Grid().Col(), 0);
+    EXPECT_EQ(Grid().LeftCol(), 0);
+    EXPECT_EQ(Tape().Get("Label1").Caption(), "Calculator");
+    EXPECT_EQ(Grid().TopRow(), 12 - 5 + 1);
+}
+
+TEST_F(TapeWindow, GotFocusTurnsTheTapeWithoutChangingCurrentTapeOrScrolling) {
+    GiveThreeTapes();
+    Press(39);
+    const auto topRow = Grid().TopRow();
+    P().tape->TapeAddRows(0, 12);
+    P().Calculator->GotFocus();
+    EXPECT_EQ(P().tape->CurrentTape, 1);
+    EXPECT_EQ(Grid().Col(), 0);
+    EXPECT_EQ(Grid().LeftCol(), 0);
+    EXPECT_EQ(Tape().Get("Label1").Caption(), "Calculator");
+    EXPECT_EQ(Grid().TopRow(), topRow);
+}
+
+}  // namespace
