@@ -18,6 +18,7 @@ class MenuItem {
     MenuItem(const MenuItem&) = delete;
     MenuItem& operator=(const MenuItem&) = delete;
 
+    Form& Parent() const { return form_; }
     const std::string& Name() const { return name_; }
     int Index() const { return index_; }
     std::string FullName() const;

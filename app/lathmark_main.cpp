@@ -1,0 +1,45 @@
+// lathmark: the calculator on the desktop. It takes no command line of its
+// own; the settings of the last run come from the per-user settings file.
+#include <QApplication>
+#include <QScreen>
+
+#include "forms/settings_file.h"
+#include "qtbind/font_map.h"
+#include "qtbind/qt_beeper.h"
+#include "qtbind/qt_binding.h"
+#include "qtbind/qt_message_boxes.h"
+#include "qtbind/screen_info.h"
+#include "shell/lathmark_app.h"
+
+int main(int argc, char** argv) {
+    QApplication application(argc, argv);
+    QApplication::setApplicationName(QStringLiteral("Lathmark"));
+    QApplication::setStyle(QStringLiteral("Fusion"));
+    // The program ends when its model says so, not when a window closes.
+    QApplication::setQuitOnLastWindowClosed(false);
+
+    const QScreen* screen = QGuiApplication::primaryScreen();
+    const qtbind::PixelScale scale = qtbind::ScaleOf(screen);
+    // Menus and dialogs speak in the form font of the design.
+    QApplication::setFont(qtbind::MapFont(forms::Font{}, scale));
+
+    forms::FileSettingsStore settings(forms::FileSettingsStore::DefaultPath());
+    qtbind::QtBeeper beeper;
+    qtbind::QtMessageBoxes messages;
+    forms::Services services;
+    services.beeper = &beeper;
+    services.messages = &messages;
+    services.settings = &settings;
+
+    shell::LathmarkApp app(services, qtbind::ScreenInfoOf(screen));
+    qtbind::QtBinding binding(app, scale);
+    app.Start();
+    // The main loop's first pass, before any event.
+    binding.AfterEvent();
+
+    int status = 0;
+    if (!app.Ended()) status = QApplication::exec();
+    // The Unload of the calculator has written the settings into the store.
+    if (app.Ended()) settings.Save();
+    return status;
+}

@@ -1,0 +1,185 @@
+#include "qtbind/control_view.h"
+
+#include <QAbstractButton>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+
+#include "forms/grid.h"
+#include "qtbind/font_map.h"
+#include "qtbind/grid_view.h"
+#include "qtbind/key_button.h"
+#include "qtbind/line_view.h"
+#include "qtbind/model_color.h"
+
+namespace qtbind {
+
+namespace {
+
+Qt::Alignment LabelAlignment(forms::Alignment a) {
+    // Label text starts at the top of its box, as on the program's desktop.
+    switch (a) {
+        case forms::Alignment::Right:
+            return Qt::AlignRight | Qt::AlignTop;
+        case forms::Alignment::Center:
+            return Qt::AlignHCenter | Qt::AlignTop;
+        default:
+            return Qt::AlignLeft | Qt::AlignTop;
+    }
+}
+
+void SetPaletteColor(QWidget* w, QPalette::ColorRole role, const QColor& color) {
+    if (w->palette().color(role) == color) return;
+    QPalette p = w->palette();
+    p.setColor(role, color);
+    w->setPalette(p);
+}
+
+}  // namespace
+
+ControlView::ControlView(forms::Control& control, QWidget* parent, const PixelScale& scale,
+                         std::function<void(forms::Control&)> clicked)
+    : control_(&control), scale_(scale), clicked_(std::move(clicked)) {
+    widget_ = MakeWidget(parent);
+    if (!widget_) return;
+    const QString name = QString::fromStdString(control.FullName());
+    widget_->setObjectName(name);
+    widget_->setAccessibleName(name);
+    Apply();
+}
+
+QWidget* ControlView::MakeWidget(QWidget* parent) {
+    switch (control_->Kind()) {
+        case forms::ControlKind::Label:
+        case forms::ControlKind::Picture: {
+            auto* label = new QLabel(parent);
+            label->setTextFormat(Qt::PlainText);
+            label->setWordWrap(true);
+            label->setMargin(0);
+            return label;
+        }
+        case forms::ControlKind::PushButton:
+        case forms::ControlKind::CommandButton: {
+            QAbstractButton* button = nullptr;
+            if (control_->Kind() == forms::ControlKind::PushButton) {
+                button = new KeyButton(parent);
+            } else {
+                auto* plain = new QPushButton(parent);
+                plain->setAutoDefault(false);
+                button = plain;
+            }
+            QObject::connect(button, &QAbstractButton::clicked, button, [this] {
+                if (control_ && clicked_) clicked_(*control_);
+            });
+            return button;
+        }
+        case forms::ControlKind::Grid:
+            return new GridView(static_cast<forms::Grid&>(*control_), scale_, parent);
+        case forms::ControlKind::TextBox: {
+            auto* edit = new QLineEdit(parent);
+            edit->setFrame(true);
+            // Typing changes the model's text, as the text box's own edits do.
+            QObject::connect(edit, &QLineEdit::textEdited, edit, [this](const QString& text) {
+                if (!control_ || settingText_) return;
+                settingText_ = true;
+                control_->SetCaption(text.toStdString());
+                settingText_ = false;
+            });
+            return edit;
+        }
+        case forms::ControlKind::Line:
+            return new LineView(parent);
+        case forms::ControlKind::Image:
+        case forms::ControlKind::CommonDialog:
+            return nullptr;
+    }
+    return nullptr;
+}
+
+void ControlView::Apply() {
+    if (!control_ || !widget_) return;
+    ApplyGeometry();
+    ApplyLooks();
+    ApplyCaption();
+    const QString tip = QString::fromStdString(control_->ToolTipText());
+    if (widget_->toolTip() != tip) widget_->setToolTip(tip);
+    if (widget_->isEnabled() != control_->Enabled()) widget_->setEnabled(control_->Enabled());
+    if (widget_->isHidden() == control_->Visible()) widget_->setVisible(control_->Visible());
+}
+
+void ControlView::ApplyGeometry() {
+    QRect r =
+        scale_.ToPixels(control_->Left(), control_->Top(), control_->Width(), control_->Height());
+    if (control_->Kind() == forms::ControlKind::Line) {
+        // A rule of no height still needs a pixel to be drawn in.
+        r.setSize(r.size() + QSize(1, 1));
+    }
+    if (widget_->geometry() != r) widget_->setGeometry(r);
+}
+
+void ControlView::ApplyLooks() {
+    const QFont font = MapFont(control_->GetFont(), scale_);
+    if (widget_->font() != font) widget_->setFont(font);
+    const QColor back = ModelColor(control_->BackColor());
+    const QColor fore = ModelColor(control_->ForeColor());
+    switch (control_->Kind()) {
+        case forms::ControlKind::Label:
+        case forms::ControlKind::Picture: {
+            auto* label = static_cast<QLabel*>(widget_);
+            SetPaletteColor(label, QPalette::WindowText, fore);
+            SetPaletteColor(label, QPalette::Window, back);
+            const bool fill = !control_->BackTransparent();
+            if (label->autoFillBackground() != fill) label->setAutoFillBackground(fill);
+            const int frame =
+                control_->BorderSingle() ? (QFrame::Panel | QFrame::Sunken) : QFrame::NoFrame;
+            if (label->frameStyle() != frame) label->setFrameStyle(frame);
+            const Qt::Alignment align = LabelAlignment(control_->GetAlignment());
+            if (label->alignment() != align) label->setAlignment(align);
+            break;
+        }
+        case forms::ControlKind::PushButton:
+            SetPaletteColor(widget_, QPalette::Button, back);
+            SetPaletteColor(widget_, QPalette::ButtonText, fore);
+            break;
+        case forms::ControlKind::Grid:
+            widget_->update();
+            break;
+        case forms::ControlKind::Line:
+            static_cast<LineView*>(widget_)->SetColor(fore);
+            break;
+        default:
+            break;
+    }
+}
+
+void ControlView::ApplyCaption() {
+    const QString caption = DisplayCaption(*control_);
+    switch (control_->Kind()) {
+        case forms::ControlKind::Label:
+        case forms::ControlKind::Picture: {
+            auto* label = static_cast<QLabel*>(widget_);
+            if (label->text() != caption) label->setText(caption);
+            break;
+        }
+        case forms::ControlKind::PushButton:
+        case forms::ControlKind::CommandButton: {
+            auto* button = static_cast<QAbstractButton*>(widget_);
+            if (button->text() != caption) button->setText(caption);
+            break;
+        }
+        case forms::ControlKind::TextBox: {
+            auto* edit = static_cast<QLineEdit*>(widget_);
+            if (!settingText_ && edit->text() != caption) edit->setText(caption);
+            break;
+        }
+        default:
+            break;
+    }
+}
+
+void ControlView::Detach() {
+    control_ = nullptr;
+    if (auto* grid = dynamic_cast<GridView*>(widget_)) grid->Detach();
+}
+
+}  // namespace qtbind

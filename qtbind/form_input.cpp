@@ -1,0 +1,168 @@
+#include "qtbind/form_input.h"
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QKeyEvent>
+#include <QMenuBar>
+#include <QMouseEvent>
+#include <QWidget>
+
+#include "forms/runtime.h"
+#include "qtbind/key_codes.h"
+
+namespace qtbind {
+
+namespace {
+
+int ButtonNumber(Qt::MouseButton button) {
+    switch (button) {
+        case Qt::LeftButton:
+            return forms::kLeftButton;
+        case Qt::RightButton:
+            return forms::kRightButton;
+        case Qt::MiddleButton:
+            return 4;
+        default:
+            return 0;
+    }
+}
+
+bool IsTab(const QKeyEvent& event) {
+    return event.key() == Qt::Key_Tab || event.key() == Qt::Key_Backtab;
+}
+
+}  // namespace
+
+FormInput::FormInput(forms::Form& form, const PixelScale& scale, std::function<void()> afterEvent)
+    : form_(&form), scale_(scale), afterEvent_(std::move(afterEvent)) {}
+
+void FormInput::Watch(QWidget* widget, forms::Control* control, bool keysOnly) {
+    if (!widget) return;
+    watched_[widget] = Watched{control, keysOnly};
+    widget->installEventFilter(this);
+    QObject::connect(widget, &QObject::destroyed, this,
+                     [this](QObject* gone) { watched_.erase(gone); });
+}
+
+bool FormInput::FormHasKeys() const {
+    return form_->KeyPress || form_->KeyDown || form_->KeyUp;
+}
+
+// A key goes first to the focused widget and, when that one leaves it, on to
+// its parents; only the first of these deliveries is the user's key. A form
+// that previews keys keeps each one where it first sees it, so it can take
+// a key sent straight to any of its widgets.
+bool FormInput::IsFirstDelivery(QObject* watched) const {
+    auto* widget = qobject_cast<QWidget*>(watched);
+    if (!widget) return false;
+    QWidget* focus = QApplication::focusWidget();
+    // Keys that the menu bar leaves while it has the keyboard are not typing.
+    if (qobject_cast<QMenuBar*>(focus)) return false;
+    if (FormHasKeys()) return true;
+    if (focus && focus->window() == widget->window()) return focus == widget;
+    return widget->isWindow();
+}
+
+bool FormInput::eventFilter(QObject* watched, QEvent* event) {
+    if (!form_ || form_->GetRuntime().Ended()) return false;
+    auto found = watched_.find(watched);
+    if (found == watched_.end()) return false;
+    forms::Control* control = found->second.control;
+    const QEvent::Type type = event->type();
+    if (found->second.keysOnly && type != QEvent::KeyPress && type != QEvent::KeyRelease) {
+        return false;
+    }
+    switch (type) {
+        case QEvent::KeyPress:
+            return KeyPressed(watched, control, static_cast<QKeyEvent&>(*event));
+        case QEvent::KeyRelease:
+            return KeyReleased(watched, static_cast<QKeyEvent&>(*event));
+        case QEvent::MouseButtonPress:
+            return MousePressed(static_cast<QWidget*>(watched), control,
+                                static_cast<QMouseEvent&>(*event));
+        case QEvent::MouseButtonDblClick:
+            return DoubleClicked(control);
+        case QEvent::FocusIn:
+            FocusGained(control);
+            return false;
+        default:
+            return false;
+    }
+}
+
+bool FormInput::KeyPressed(QObject* watched, forms::Control* control, QKeyEvent& event) {
+    if (!IsFirstDelivery(watched) || IsTab(event)) return false;
+    const int shift = ShiftState(event.modifiers());
+    std::int16_t keyCode = KeyCode(event).value_or(0);
+    const bool known = KeyCode(event).has_value();
+    if (known && form_->KeyDown) form_->KeyDown(keyCode, shift);
+    if (form_ && known && keyCode != 0 && control && control->KeyDown) {
+        control->KeyDown(keyCode, shift);
+    }
+    if (form_ && form_->KeyPress) {
+        if (auto ascii = KeyAscii(event)) {
+            std::int16_t keyAscii = *ascii;
+            form_->KeyPress(keyAscii);
+        }
+    }
+    // The form that previews keys keeps them; a control whose KeyDown took
+    // the key (set it to 0) keeps it from its widget.
+    const bool consumed = (form_ && FormHasKeys()) || (known && keyCode == 0);
+    if (afterEvent_) afterEvent_();
+    return consumed;
+}
+
+bool FormInput::KeyReleased(QObject* watched, QKeyEvent& event) {
+    if (!IsFirstDelivery(watched) || IsTab(event)) return false;
+    if (event.isAutoRepeat()) return FormHasKeys();
+    const bool consumed = FormHasKeys();
+    if (auto code = KeyCode(event); code && form_->KeyUp) {
+        std::int16_t keyCode = *code;
+        form_->KeyUp(keyCode, ShiftState(event.modifiers()));
+        if (afterEvent_) afterEvent_();
+    }
+    return consumed;
+}
+
+bool FormInput::MousePressed(QWidget* widget, forms::Control* control, QMouseEvent& event) {
+    const int button = ButtonNumber(event.button());
+    const int shift = ShiftState(event.modifiers());
+    const QPointF at = event.position();
+    const auto x = static_cast<float>(scale_.ToTwipsX(static_cast<int>(at.x())));
+    const auto y = static_cast<float>(scale_.ToTwipsY(static_cast<int>(at.y())));
+    if (control) {
+        if (control->MouseDown) control->MouseDown(button, shift, x, y);
+    } else if (form_->MouseDown) {
+        form_->MouseDown(button, shift, x, y);
+    }
+    if (afterEvent_) afterEvent_();
+    // A button keeps its left press, to be clicked; any other press ends at
+    // the control it was meant for and never reaches the form beneath it.
+    const bool isButton = qobject_cast<QAbstractButton*>(widget) != nullptr;
+    return !(isButton && event.button() == Qt::LeftButton);
+}
+
+bool FormInput::DoubleClicked(forms::Control* control) {
+    if (control) {
+        // A button takes a double click as two clicks, as on its desktop.
+        if (control->Kind() == forms::ControlKind::PushButton ||
+            control->Kind() == forms::ControlKind::CommandButton) {
+            return false;
+        }
+        if (control->DblClick) control->DblClick();
+    } else if (form_->DblClick) {
+        form_->DblClick();
+    }
+    if (afterEvent_) afterEvent_();
+    return true;
+}
+
+void FormInput::FocusGained(forms::Control* control) {
+    if (applyingFocus_ || !control || !control->CanFocus()) return;
+    forms::Runtime& runtime = form_->GetRuntime();
+    if (runtime.Focus() == control) return;
+    runtime.SetFocus(*control);
+    if (afterEvent_) afterEvent_();
+}
+
+}  // namespace qtbind

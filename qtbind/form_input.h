@@ -1,0 +1,63 @@
+// Real input on the widgets of one form, handed to the model's events.
+//
+// Keys: a form that has keyboard handlers of its own sees every key before
+// its controls do (KeyDown, KeyPress, KeyUp), and the key then goes no
+// further, so that a focused button never presses itself on Enter or the
+// blank. On other forms the focused control's KeyDown comes first and the
+// widget may then act on the key itself.
+// Mouse: a press is the control's MouseDown (or the form's, on the form's
+// own area), a left click on a button its Click, a double click on a label,
+// the grid or the form its DblClick. Focus given by the user goes to the
+// model's focus.
+#pragma once
+
+#include <QObject>
+#include <functional>
+#include <unordered_map>
+
+#include "forms/form.h"
+#include "qtbind/pixel_scale.h"
+
+class QKeyEvent;
+class QMouseEvent;
+class QWidget;
+
+namespace qtbind {
+
+class FormInput : public QObject {
+  public:
+    // `afterEvent` runs after every event that reached the model.
+    FormInput(forms::Form& form, const PixelScale& scale, std::function<void()> afterEvent);
+
+    // Watches a widget that stands for `control`, or for the form itself
+    // when `control` is null. A window watched for keys only keeps its mouse
+    // for its own frame.
+    void Watch(QWidget* widget, forms::Control* control, bool keysOnly = false);
+    void Detach() { form_ = nullptr; }
+    // While set, focus changes are the model's own and are not reported.
+    void SetApplyingFocus(bool on) { applyingFocus_ = on; }
+
+  protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+  private:
+    bool FormHasKeys() const;
+    bool IsFirstDelivery(QObject* watched) const;
+    bool KeyPressed(QObject* watched, forms::Control* control, QKeyEvent& event);
+    bool KeyReleased(QObject* watched, QKeyEvent& event);
+    bool MousePressed(QWidget* widget, forms::Control* control, QMouseEvent& event);
+    bool DoubleClicked(forms::Control* control);
+    void FocusGained(forms::Control* control);
+
+    forms::Form* form_;
+    PixelScale scale_;
+    std::function<void()> afterEvent_;
+    struct Watched {
+        forms::Control* control;
+        bool keysOnly;
+    };
+    std::unordered_map<const QObject*, Watched> watched_;
+    bool applyingFocus_ = false;
+};
+
+}  // namespace qtbind

@@ -1,0 +1,158 @@
+#include "qtbind/qt_binding.h"
+
+#include <QAction>
+#include <QCoreApplication>
+#include <QGuiApplication>
+#include <QMdiArea>
+#include <QMenu>
+
+#include "qtbind/form_window.h"
+#include "qtbind/screen_info.h"
+#include "qtbind/window_style.h"
+#include "shell/lathmark_app.h"
+
+namespace qtbind {
+
+QtBinding::QtBinding(shell::LathmarkApp& app)
+    : QtBinding(app, ScaleOf(QGuiApplication::primaryScreen())) {}
+
+QtBinding::QtBinding(shell::LathmarkApp& app, const PixelScale& scale) : app_(app), scale_(scale) {
+    app_.Runtime().SetObserver(this);
+}
+
+QtBinding::~QtBinding() {
+    if (app_.Runtime().Observer() == this) app_.Runtime().SetObserver(nullptr);
+    for (auto& [form, window] : windows_) window->Detach();
+    // A memory cell goes with the parent window that holds it.
+    for (auto& [form, window] : windows_) {
+        if (window->GetHosting() != Hosting::MdiChild) delete window;
+    }
+    windows_.clear();
+    for (QPointer<QWidget>& frame : retired_) delete frame.data();
+}
+
+FormWindow* QtBinding::WindowFor(const forms::Form& form) const {
+    auto found = windows_.find(&form);
+    return found == windows_.end() ? nullptr : found->second;
+}
+
+QWidget* QtBinding::WidgetFor(const forms::Control& control) const {
+    FormWindow* window = WindowFor(control.Parent());
+    return window ? window->WidgetFor(control) : nullptr;
+}
+
+void QtBinding::ShowPopupMenu(const forms::MenuItem& top, const QPoint& globalPos) {
+    FormWindow* window = EnsureWindow(top.Parent());
+    if (!window) return;
+    if (QMenu* menu = window->Menus().Popup(top.Name())) menu->exec(globalPos);
+}
+
+void QtBinding::AfterEvent() {
+    // The main loop polls the calculator's place between events; a pass that
+    // itself moves windows must not start another.
+    if (inMainLoopPass_ || app_.Ended()) return;
+    inMainLoopPass_ = true;
+    app_.MainLoopPass();
+    inMainLoopPass_ = false;
+}
+
+FormWindow* QtBinding::EnsureWindow(forms::Form& form) {
+    if (FormWindow* window = WindowFor(form)) return window;
+    if (!form.Loaded() || app_.Ended()) return nullptr;
+    return MakeWindow(form);
+}
+
+FormWindow* QtBinding::MakeWindow(forms::Form& form) {
+    QMdiArea* area = nullptr;
+    if (HostingOf(form) == Hosting::MdiChild) {
+        // A cell lives inside the memory parent, which is made for it, hidden
+        // if it is hidden.
+        for (forms::Form* open : app_.Runtime().OpenForms()) {
+            if (HostingOf(*open) != Hosting::MdiParent) continue;
+            if (FormWindow* parent = EnsureWindow(*open)) area = parent->MdiArea();
+            break;
+        }
+    }
+    WindowCallbacks callbacks;
+    callbacks.afterEvent = [this] { AfterEvent(); };
+    callbacks.shown = [this] { Restack(); };
+    auto* window = new FormWindow(form, scale_, std::move(callbacks), area);
+    windows_[&form] = window;
+    Decorate(form, *window);
+    if (forms::Control* focus = app_.Runtime().Focus(); focus && &focus->Parent() == &form) {
+        window->ApplyFocus(*focus);
+    }
+    return window;
+}
+
+void QtBinding::Decorate(forms::Form& form, FormWindow& window) {
+    // The calculator's Paint draws a sunken frame around its readout.
+    if (form.Name() == "Calculator") {
+        if (forms::Control* readout = form.Find("Readout")) window.SetSunkenEdgeAround(*readout);
+    }
+}
+
+void QtBinding::Restack() {
+    // A platform that draws no windows has no stacking to keep.
+    if (QGuiApplication::platformName() == QLatin1String("offscreen")) return;
+    // Each window goes to the front in turn, from the back of the band to
+    // its front, so that the band's first form ends up in front of all.
+    const auto& band = app_.Runtime().TopMostBand();
+    for (auto it = band.rbegin(); it != band.rend(); ++it) {
+        FormWindow* window = WindowFor(**it);
+        if (window && window->Frame()->isVisible()) window->Frame()->raise();
+    }
+}
+
+void QtBinding::FormLoaded(forms::Form&) {
+    // Nothing to show yet: the window is made when the form is first shown.
+}
+
+void QtBinding::FormChanged(forms::Form& form) {
+    if (FormWindow* window = WindowFor(form)) {
+        window->ApplyForm();
+    } else if (form.Visible()) {
+        EnsureWindow(form);
+    }
+}
+
+void QtBinding::FormUnloaded(forms::Form& form) {
+    auto found = windows_.find(&form);
+    if (found == windows_.end()) return;
+    FormWindow* window = found->second;
+    windows_.erase(found);
+    // The model's form may be dropped right after this; the window forgets
+    // it at once and goes when the event that unloaded it is over.
+    window->Detach();
+    window->Frame()->hide();
+    window->Frame()->deleteLater();
+    std::erase_if(retired_, [](const QPointer<QWidget>& frame) { return frame.isNull(); });
+    retired_.emplace_back(window->Frame());
+}
+
+void QtBinding::ControlChanged(forms::Control& control) {
+    if (FormWindow* window = WindowFor(control.Parent())) window->ApplyControl(control);
+}
+
+void QtBinding::MenuChanged(forms::MenuItem& item) {
+    if (FormWindow* window = WindowFor(item.Parent())) window->ApplyMenu(item);
+}
+
+void QtBinding::FocusChanged(forms::Control* control) {
+    if (!control) return;
+    if (FormWindow* window = WindowFor(control->Parent())) window->ApplyFocus(*control);
+}
+
+void QtBinding::TopMostChanged() {
+    Restack();
+}
+
+void QtBinding::ProgramEnded() {
+    for (auto& [form, window] : windows_) {
+        window->Detach();
+        window->Frame()->hide();
+    }
+    QCoreApplication::exit(0);
+}
+
+}  // namespace qtbind

@@ -1,0 +1,79 @@
+// The Qt view of the whole program: it watches the model's runtime and
+// keeps one window per form on screen in step with it, and hands the real
+// input back to the model. It attaches itself when made, so it must be made
+// before the program starts, to see the Load of every form.
+//
+// Windows are made on demand, when a form is first shown; a form loaded
+// hidden costs nothing until then.
+#pragma once
+
+#include <QPoint>
+#include <QPointer>
+#include <QWidget>
+#include <unordered_map>
+#include <vector>
+
+#include "forms/runtime_observer.h"
+#include "qtbind/pixel_scale.h"
+
+class QMenu;
+
+namespace shell {
+class LathmarkApp;
+}
+
+namespace forms {
+class Form;
+class Control;
+class MenuItem;
+}  // namespace forms
+
+namespace qtbind {
+
+class FormWindow;
+
+class QtBinding : public forms::RuntimeObserver {
+  public:
+    // The scale of the primary screen unless told otherwise.
+    explicit QtBinding(shell::LathmarkApp& app);
+    QtBinding(shell::LathmarkApp& app, const PixelScale& scale);
+    ~QtBinding() override;
+    QtBinding(const QtBinding&) = delete;
+    QtBinding& operator=(const QtBinding&) = delete;
+
+    const PixelScale& Scale() const { return scale_; }
+    // nullptr while the form has no window yet.
+    FormWindow* WindowFor(const forms::Form& form) const;
+    QWidget* WidgetFor(const forms::Control& control) const;
+    // Pops up the menu of a hidden top item (such as "mnuPopup1") at the
+    // given place on the screen and returns when it is closed.
+    void ShowPopupMenu(const forms::MenuItem& top, const QPoint& globalPos);
+
+    // One pass of the main loop, after every event that reached the model:
+    // the tape follows the calculator wherever it went.
+    void AfterEvent();
+
+    void FormChanged(forms::Form& form) override;
+    void FormLoaded(forms::Form& form) override;
+    void FormUnloaded(forms::Form& form) override;
+    void ControlChanged(forms::Control& control) override;
+    void MenuChanged(forms::MenuItem& item) override;
+    void FocusChanged(forms::Control* control) override;
+    void TopMostChanged() override;
+    void ProgramEnded() override;
+
+  private:
+    FormWindow* EnsureWindow(forms::Form& form);
+    FormWindow* MakeWindow(forms::Form& form);
+    void Restack();
+    void Decorate(forms::Form& form, FormWindow& window);
+
+    shell::LathmarkApp& app_;
+    PixelScale scale_;
+    std::unordered_map<const forms::Form*, FormWindow*> windows_;
+    // Windows of unloaded forms, on their way out.
+    std::vector<QPointer<QWidget>> retired_;
+    bool inMainLoopPass_ = false;
+};
+
+}  // namespace qtbind

@@ -1,0 +1,67 @@
+#include "qtbind/window_style.h"
+
+namespace qtbind {
+
+namespace {
+bool IsMemoryCell(const forms::Form& form) {
+    // A memory cell is known by its tag; the cells live inside the one
+    // window with the normal sizable frame.
+    return form.Tag().find("memory") != std::string::npos;
+}
+}  // namespace
+
+Hosting HostingOf(const forms::Form& form) {
+    if (IsMemoryCell(form)) return Hosting::MdiChild;
+    switch (form.Border()) {
+        case forms::BorderStyle::SizableNoTitle:
+            return Hosting::Frameless;
+        case forms::BorderStyle::Sizable:
+            return Hosting::MdiParent;
+        default:
+            return Hosting::TopLevel;
+    }
+}
+
+Qt::WindowFlags FlagsFor(const forms::Form& form) {
+    if (HostingOf(form) == Hosting::MdiChild) {
+        return Qt::SubWindow | Qt::CustomizeWindowHint | Qt::WindowTitleHint |
+               Qt::WindowCloseButtonHint;
+    }
+    Qt::WindowFlags flags = Qt::WindowStaysOnTopHint;
+    switch (form.Border()) {
+        case forms::BorderStyle::FixedSingle:
+            flags |= Qt::Window | Qt::CustomizeWindowHint | Qt::WindowTitleHint |
+                     Qt::WindowSystemMenuHint | Qt::WindowMinimizeButtonHint |
+                     Qt::WindowCloseButtonHint;
+            break;
+        case forms::BorderStyle::SizableNoTitle:
+            flags |= Qt::Tool | Qt::FramelessWindowHint;
+            break;
+        case forms::BorderStyle::SizableToolWindow:
+            flags |= Qt::Tool | Qt::CustomizeWindowHint | Qt::WindowTitleHint |
+                     Qt::WindowCloseButtonHint;
+            break;
+        case forms::BorderStyle::Sizable:
+            flags |= Qt::Window;
+            break;
+        case forms::BorderStyle::FixedDialog:
+            flags |= Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint;
+            // The prompt for a cell's name has no control box; the About
+            // box has one.
+            if (form.Name() != "frmInput") flags |= Qt::WindowCloseButtonHint;
+            break;
+    }
+    return flags;
+}
+
+bool HasFixedSize(const forms::Form& form) {
+    return form.Border() == forms::BorderStyle::FixedSingle ||
+           form.Border() == forms::BorderStyle::FixedDialog;
+}
+
+bool ShowsWithoutActivating(const forms::Form& form) {
+    return form.Border() == forms::BorderStyle::SizableNoTitle ||
+           form.Border() == forms::BorderStyle::SizableToolWindow;
+}
+
+}  // namespace qtbind
