@@ -4,6 +4,8 @@
 #include "core/formulas.h"
 #include "core/keyboard.h"
 #include "core/keys.h"
+#include "core/popup_menu.h"
+#include "core/readout_drop.h"
 
 namespace core {
 
@@ -36,6 +38,9 @@ void WireCalculator(Program& p) {
     f.GetMenu("CircArea").Click = [&p] { CircAreaClick(p); };
     f.GetMenu("CylVolume").Click = [&p] { CylVolumeClick(p); };
     f.GetMenu("mnuDiagonal").Click = [&p] { DiagonalClick(p); };
+
+    WireReadoutDrop(p);
+    WirePopupMenu(p);
 }
 
 }  // namespace core

@@ -103,6 +103,7 @@ void Control::SetDragIcon(std::string picture) {
     if (picture == dragIcon_) return;
     dragIcon_ = std::move(picture);
     Changed();
+    form_.GetRuntime().DragIconSet(*this);
 }
 
 bool Control::CanFocus() const {

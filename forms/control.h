@@ -20,6 +20,19 @@ class Form;
 inline constexpr int kLeftButton = 1;
 inline constexpr int kRightButton = 2;
 
+// The State of DragOver: the pointer has just come over the control, or
+// moves on over it. (The platform's third state, 1 for leaving, is never
+// raised here: see Runtime::DragMove.)
+inline constexpr int kDragEnter = 0;
+inline constexpr int kDragOver = 2;
+
+// Where the X and Y of a control's DragOver and DragDrop count from: its own
+// top left corner, or the inner top left corner of its form, that is its
+// Left and Top are added. Labels of this program differ: Readout is told the
+// pointer in the coordinates of Calculator, a memory cell's label from its
+// own left edge.
+enum class DragOrigin { Control, Form };
+
 class Control {
   public:
     Control(Form& form, std::string name, ControlKind kind, int index = -1);
@@ -74,10 +87,17 @@ class Control {
 
     // Automatic dragging: a press of the left button starts a drag showing
     // DragIcon, the name of a picture ("Image3", or "" for the design icon).
+    // Handlers may change the icon during the drag; the drag shows it at once.
     bool DragAutomatic() const { return dragAutomatic_; }
     void SetDragAutomatic(bool on) { dragAutomatic_ = on; }
     const std::string& DragIcon() const { return dragIcon_; }
     void SetDragIcon(std::string picture);
+    DragOrigin GetDragOrigin() const { return dragOrigin_; }
+    void SetDragOrigin(DragOrigin origin) { dragOrigin_ = origin; }
+    // What is added to a position in the control's own twips to give the X
+    // and Y that its drag events receive: 0, or its Left and Top.
+    double DragOffsetX() const { return dragOrigin_ == DragOrigin::Form ? left_ : 0.0; }
+    double DragOffsetY() const { return dragOrigin_ == DragOrigin::Form ? top_ : 0.0; }
 
     // Can this control take the keyboard focus at all?
     bool CanFocus() const;
@@ -85,7 +105,10 @@ class Control {
     // Events. Handlers are plain functions set by the program.
     std::function<void()> Click;
     std::function<void()> DblClick;
+    // Click is the left button's alone; MouseDown comes for every button,
+    // with the position in the control's own twips.
     std::function<void(int button, int shift, float x, float y)> MouseDown;
+    // X and Y as GetDragOrigin() tells; state is kDragEnter or kDragOver.
     std::function<void(Control& source, float x, float y, int state)> DragOver;
     std::function<void(Control& source, float x, float y)> DragDrop;
     std::function<void(std::int16_t& keyCode, int shift)> KeyDown;
@@ -102,6 +125,7 @@ class Control {
     double left_ = 0, top_ = 0, width_ = 0, height_ = 0;
     std::string caption_, tag_, toolTip_, dragIcon_;
     bool visible_ = true, enabled_ = true, dragAutomatic_ = false;
+    DragOrigin dragOrigin_ = DragOrigin::Control;
     bool backTransparent_ = false, borderSingle_ = false;
     std::uint32_t backColor_ = 0xFFFFFF, foreColor_ = 0;
     Font font_;

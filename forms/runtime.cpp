@@ -16,6 +16,8 @@ Form& Runtime::CreateForm(std::string name, BorderStyle border, bool hasMenuBar)
 void Runtime::DestroyForm(Form& form) {
     if (form.loaded_) Unload(form);
     if (form.loaded_) return;
+    FormGoing(form);
+    if (lastPopup_ && &lastPopup_->Parent() == &form) lastPopup_ = nullptr;
     std::erase(topMost_, &form);
     std::erase_if(forms_, [&](const auto& f) { return f.get() == &form; });
 }
@@ -40,6 +42,7 @@ bool Runtime::Unload(Form& form, int unloadMode) {
         FormHidden(form);
     }
     form.loaded_ = false;
+    FormGoing(form);
     std::erase(openForms_, &form);
     std::erase(topMost_, &form);
     if (activeForm_ == &form) activeForm_ = nullptr;
@@ -90,8 +93,82 @@ void Runtime::SetTopMost(Form& form, bool onTop) {
     if (observer_) observer_->TopMostChanged();
 }
 
+void Runtime::PressMouse(Control& control, int button, int shift, float x, float y) {
+    if (ended_) return;
+    if (control.MouseDown) control.MouseDown(button, shift, x, y);
+    if (button == kLeftButton) BeginDrag(control);
+}
+
+void Runtime::PressMouse(Form& form, int button, int shift, float x, float y) {
+    if (ended_) return;
+    if (form.MouseDown) form.MouseDown(button, shift, x, y);
+}
+
+namespace {
+// A control that the pointer can be over at all.
+bool Usable(const Control& c) {
+    return c.Visible() && c.Enabled() && c.Parent().Loaded() && c.Parent().Visible();
+}
+}  // namespace
+
+bool Runtime::BeginDrag(Control& source) {
+    if (ended_ || dragSource_ || !source.DragAutomatic() || !Usable(source)) return false;
+    dragSource_ = &source;
+    dragTarget_ = nullptr;
+    if (observer_) {
+        observer_->DragStarted(source);
+        observer_->DragIconChanged(source.DragIcon());
+    }
+    return true;
+}
+
+void Runtime::DragMove(Control* target, float x, float y) {
+    if (!dragSource_) return;
+    if (target && !Usable(*target)) target = nullptr;
+    const int state = target == dragTarget_ ? kDragOver : kDragEnter;
+    dragTarget_ = target;
+    if (!target || !target->DragOver) return;
+    target->DragOver(*dragSource_, static_cast<float>(x + target->DragOffsetX()),
+                     static_cast<float>(y + target->DragOffsetY()), state);
+}
+
+void Runtime::Drop(Control* target, float x, float y) {
+    if (!dragSource_) return;
+    Control& source = *dragSource_;
+    EndDrag();
+    if (!target || !Usable(*target) || !target->DragDrop) return;
+    target->DragDrop(source, static_cast<float>(x + target->DragOffsetX()),
+                     static_cast<float>(y + target->DragOffsetY()));
+}
+
+void Runtime::CancelDrag() {
+    if (dragSource_) EndDrag();
+}
+
+void Runtime::EndDrag() {
+    dragSource_ = nullptr;
+    dragTarget_ = nullptr;
+    if (observer_) observer_->DragEnded();
+}
+
+void Runtime::DragIconSet(Control& control) {
+    if (dragSource_ == &control && observer_) observer_->DragIconChanged(control.DragIcon());
+}
+
+void Runtime::FormGoing(Form& form) {
+    if (dragSource_ && &dragSource_->Parent() == &form) EndDrag();
+    if (dragTarget_ && &dragTarget_->Parent() == &form) dragTarget_ = nullptr;
+}
+
+void Runtime::PopupMenu(MenuItem& menu) {
+    if (ended_) return;
+    lastPopup_ = &menu;
+    if (observer_) observer_->PopupMenuRequested(menu);
+}
+
 void Runtime::End() {
     if (ended_) return;
+    CancelDrag();
     ended_ = true;
     if (observer_) observer_->ProgramEnded();
 }

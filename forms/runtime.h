@@ -1,6 +1,7 @@
 // The forms runtime: owns every model form, keeps the list of open forms in
-// load order, the active form, the focus and the top-most band, and hands
-// out the desktop's services and the screen's size.
+// load order, the active form, the focus and the top-most band, runs mouse
+// presses, automatic drags and popup menus, and hands out the desktop's
+// services and the screen's size.
 #pragma once
 
 #include <memory>
@@ -45,6 +46,53 @@ class Runtime {
     void SetTopMost(Form& form, bool onTop);
     const std::vector<Form*>& TopMostBand() const { return topMost_; }
 
+    // Mouse presses. A press raises the MouseDown of the control under the
+    // pointer, with the position in the control's own twips; a press of the
+    // left button on a control with DragAutomatic then begins its drag, so
+    // that MouseDown can choose the icon the drag starts with. The view runs
+    // every press through here. A press on the form's own area raises the
+    // form's MouseDown.
+    void PressMouse(Control& control, int button, int shift, float x, float y);
+    void PressMouse(Form& form, int button, int shift, float x, float y);
+
+    // Automatic dragging inside the program, across all its windows. One
+    // drag at a time; it keeps no data: handlers read what they need from
+    // the source. While it lasts the drag shows the DragIcon of the source,
+    // which handlers may change on the fly (the observer hears of each
+    // change). A press and release with no move in between drops the source
+    // on itself, as the platform does.
+    //
+    // Positions come in twips from the top left corner of the control under
+    // the pointer. Its DragOver and DragDrop receive them as its
+    // GetDragOrigin() says: unchanged, or with its Left and Top added, so
+    // that Readout is told X in the coordinates of its form.
+    //
+    // Begins a drag of `source`; false, and nothing begins, when a drag is
+    // under way already, or the source is hidden, disabled or not set to
+    // drag automatically.
+    bool BeginDrag(Control& source);
+    bool Dragging() const { return dragSource_ != nullptr; }
+    Control* DragSource() const { return dragSource_; }
+    // The pointer is over `target` at (x, y); nullptr: over no control. The
+    // target's DragOver runs with the source and State kDragEnter when the
+    // pointer has just come over it, kDragOver while it moves on over it.
+    // No DragOver with the leave state is raised when the pointer goes: the
+    // program's handlers never look at the state.
+    void DragMove(Control* target, float x, float y);
+    // Letting go over `target` at (x, y): the drag ends, then the target's
+    // DragDrop runs. Over no control (nullptr), or a control without a
+    // DragDrop, the drag ends with nothing done.
+    void Drop(Control* target, float x, float y);
+    // Escape during the drag, or the end of the program: nothing done.
+    void CancelDrag();
+
+    // Pops up `menu`, a top item whose entries form the popup, at the
+    // pointer. The view shows it and runs the Click of the entry picked;
+    // headless nothing is shown. The runtime remembers the menu popped up
+    // last (nullptr before the first).
+    void PopupMenu(MenuItem& menu);
+    MenuItem* LastPopupMenu() const { return lastPopup_; }
+
     Services& GetServices() { return services_; }
     const ScreenInfo& Screen() const { return screen_; }
     void SetScreen(ScreenInfo screen) { screen_ = screen; }
@@ -58,7 +106,13 @@ class Runtime {
 
   private:
     friend class Form;
+    friend class Control;
     void FormHidden(Form& form);
+    // The source's icon changed: the drag shows the new one.
+    void DragIconSet(Control& control);
+    void EndDrag();
+    // A form that goes takes the drag and the remembered popup with it.
+    void FormGoing(Form& form);
 
     Services services_;
     ScreenInfo screen_;
@@ -68,6 +122,9 @@ class Runtime {
     std::vector<Form*> topMost_;
     Form* activeForm_ = nullptr;
     Control* focus_ = nullptr;
+    Control* dragSource_ = nullptr;
+    Control* dragTarget_ = nullptr;  // the control the pointer was over last
+    MenuItem* lastPopup_ = nullptr;
     bool ended_ = false;
 };
 

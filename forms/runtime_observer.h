@@ -2,6 +2,8 @@
 // Every call comes synchronously, inside the statement that made the change.
 #pragma once
 
+#include <string>
+
 namespace forms {
 
 class Form;
@@ -18,6 +20,16 @@ class RuntimeObserver {
     virtual void MenuChanged(MenuItem&) {}
     virtual void FocusChanged(Control*) {}
     virtual void TopMostChanged() {}
+    // A menu (a top item, usually hidden) is to pop up at the pointer. The
+    // view shows it and runs the Click of the entry that the user picks.
+    virtual void PopupMenuRequested(MenuItem&) {}
+    // A drag of `source` has begun; the picture it shows is told next.
+    virtual void DragStarted(Control& /*source*/) {}
+    // The picture that the drag shows as its cursor: the DragIcon of the
+    // source ("Image1".."Image5", or "" for the control's design icon).
+    virtual void DragIconChanged(const std::string& /*picture*/) {}
+    // The drag is over: dropped, let go outside every target, or cancelled.
+    virtual void DragEnded() {}
     virtual void ProgramEnded() {}
 };
 

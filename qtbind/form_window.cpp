@@ -139,23 +139,39 @@ void FormWindow::ApplyForm() {
     --applying_;
 }
 
-void FormWindow::ApplyGeometry() {
-    const QPoint position(scale_.ToPixelsX(form_->Left()), scale_.ToPixelsY(form_->Top()));
-    QSize size;
+FormWindow::Placement FormWindow::PlacementFor(double left, double top, double width,
+                                               double height) const {
+    Placement placement{QPoint(scale_.ToPixelsX(left), scale_.ToPixelsY(top)), QSize()};
     if (hosting_ == Hosting::Frameless) {
-        size = scale_.ToPixels(form_->Width(), form_->Height());
+        placement.size = scale_.ToPixels(width, height);
     } else {
-        const QSize inner = scale_.ToPixels(form_->ScaleWidth(), form_->ScaleHeight());
-        size = QSize(inner.width(), inner.height() + menuBarHeight_);
+        const forms::FrameInsets in = form_->Insets();
+        const QSize inner =
+            scale_.ToPixels(width - in.left - in.right, height - in.top - in.bottom);
+        placement.size = QSize(inner.width(), inner.height() + menuBarHeight_);
     }
-    applied_.Remember(position, size);
+    if (hosting_ == Hosting::MdiChild && subWindow_) {
+        placement.size = placement.size.grownBy(SubWindowMargins(subWindow_));
+    }
+    return placement;
+}
+
+void FormWindow::ApplyGeometry() {
+    const Placement placement =
+        PlacementFor(form_->Left(), form_->Top(), form_->Width(), form_->Height());
+    const QPoint position = placement.position;
     ++applying_;
     if (hosting_ == Hosting::MdiChild) {
+        // The window system reports a cell's inner size; its frame is larger.
+        const QMargins margins = subWindow_ ? SubWindowMargins(subWindow_) : QMargins();
+        applied_.Remember(position, placement.size.shrunkBy(margins));
         if (subWindow_) {
-            const QRect outer(position, size.grownBy(SubWindowMargins(subWindow_)));
+            const QRect outer(position, placement.size);
             if (subWindow_->geometry() != outer) subWindow_->setGeometry(outer);
         }
     } else {
+        const QSize size = placement.size;
+        applied_.Remember(position, size);
         if (HasFixedSize(*form_)) {
             if (minimumSize() != size || maximumSize() != size) setFixedSize(size);
         } else if (this->size() != size) {

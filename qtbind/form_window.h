@@ -56,6 +56,16 @@ class FormWindow : public QWidget {
     QWidget* WidgetFor(const forms::Control& control) const;
     const MenuBridge& Menus() const { return menus_; }
 
+    // Where the desktop puts Frame() for an outer rectangle of the model in
+    // twips: the frame's position, and the size of the window's client area
+    // (or, for a memory cell, of its whole frame). It is what the window
+    // system reports once the user has put the window there.
+    struct Placement {
+        QPoint position;
+        QSize size;
+    };
+    Placement PlacementFor(double left, double top, double width, double height) const;
+
     void ApplyForm();
     void ApplyControl(const forms::Control& control);
     void ApplyMenu(const forms::MenuItem& item) { menus_.Apply(item); }

@@ -14,7 +14,10 @@ constexpr int kBevelWidth = 2;
 }  // namespace
 
 KeyButton::KeyButton(QWidget* parent) : QAbstractButton(parent) {
-    setFocusPolicy(Qt::StrongFocus);
+    // The keyboard may walk to a key, but a click leaves the focus alone:
+    // the keys' own handlers decide where it goes (mostly to Equal), and a
+    // key that refuses or stops early keeps it where it was.
+    setFocusPolicy(Qt::TabFocus);
 }
 
 QSize KeyButton::sizeHint() const {

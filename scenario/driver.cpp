@@ -33,4 +33,30 @@ void HeadlessDriver::CloseWindow(forms::Form& form) {
     form.GetRuntime().Unload(form);
 }
 
+void Driver::RightClick(forms::Control& control, float x, float y) {
+    control.Parent().GetRuntime().PressMouse(control, forms::kRightButton, 0, x, y);
+}
+
+void Driver::RightClickForm(forms::Form& form, float x, float y) {
+    form.GetRuntime().PressMouse(form, forms::kRightButton, 0, x, y);
+}
+
+void Driver::DragAndDrop(forms::Control& source, float sourceX, float sourceY,
+                         forms::Control& target, float x, float y) {
+    forms::Runtime& runtime = source.Parent().GetRuntime();
+    runtime.PressMouse(source, forms::kLeftButton, 0, sourceX, sourceY);
+    // The first move is still over the source; a control that drags nothing
+    // began no drag, and the moves and the release then do nothing.
+    runtime.DragMove(&source, sourceX, sourceY);
+    runtime.DragMove(&target, x, y);
+    runtime.Drop(&target, x, y);
+}
+
+void Driver::DragOver(forms::Control& source, forms::Control& target, float x, float y) {
+    forms::Runtime& runtime = source.Parent().GetRuntime();
+    if (!runtime.BeginDrag(source)) return;
+    runtime.DragMove(&target, x, y);
+    runtime.CancelDrag();
+}
+
 }  // namespace scenario

@@ -23,6 +23,25 @@ class Driver {
     virtual void SetWindowState(forms::Form& form, std::int16_t state) = 0;
     // The close box.
     virtual void CloseWindow(forms::Form& form) = 0;
+
+    // The mouse. Positions are twips in the control's own coordinates, or
+    // in the form's inner area. These act on the model through the runtime
+    // unless a driver puts real mouse input behind them.
+    //
+    // The right button pressed and let go on the control, or on the form's
+    // own area: the MouseDown with button 2, and never a Click.
+    virtual void RightClick(forms::Control& control, float x, float y);
+    virtual void RightClickForm(forms::Form& form, float x, float y);
+    // The left button pressed on `source` at (sourceX, sourceY), the pointer
+    // moved over the source and then to (x, y) over `target`, and let go
+    // there: the MouseDown of the source, DragOver events on the way (the
+    // last on the target at the drop point) and the target's DragDrop.
+    virtual void DragAndDrop(forms::Control& source, float sourceX, float sourceY,
+                             forms::Control& target, float x, float y);
+    // Only the DragOver of `target` at (x, y), in a drag of `source` that is
+    // then called off: no MouseDown, no drop.
+    virtual void DragOver(forms::Control& source, forms::Control& target, float x, float y);
+
     // Lets whatever the action set going run to its end.
     virtual void Settle() {}
 };

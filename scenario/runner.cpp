@@ -232,12 +232,22 @@ bool Runner::ProgramCommand(const Words& w) {
         c->SetCaption(w[2].text);
         return true;
     }
+    if (verb == "geometry" && w.size() == 6) {
+        // Puts a control on another rectangle, as a zoom would.
+        forms::Control* c = FindControl(w[1].text);
+        auto l = ParseNumber(w[2].text), t = ParseNumber(w[3].text);
+        auto wd = ParseNumber(w[4].text), h = ParseNumber(w[5].text);
+        if (!c || !l || !t || !wd || !h) return false;
+        c->Move(*l, *t, *wd, *h);
+        return true;
+    }
     if ((verb == "activate" || verb == "gotfocus") && w.size() == 2 && w[1].text == "Calculator") {
         forms::Form& calc = *P().Calculator;
         auto& handler = verb == "activate" ? calc.Activate : calc.GotFocus;
         if (handler) handler();
         return true;
     }
+    if (MouseCommand(w)) return true;
     if (WindowCommand(w)) return true;
     if (verb == "answer" && w.size() == 2) {
         if (w[1].text == "Cancel") {
@@ -262,6 +272,95 @@ forms::Form* Runner::FindForm(const std::string& name) {
         if (f && f->Name() == name) return f;
     }
     return App().Runtime().FindOpenForm(name);
+}
+
+forms::Control* Runner::FindControl(const std::string& name) {
+    const auto dot = name.rfind('.');
+    forms::Form* form = P().Calculator;
+    std::string controlName = name;
+    if (dot != std::string::npos) {
+        const std::string formName = name.substr(0, dot);
+        form = FindForm(formName);
+        for (forms::Form* f : App().Runtime().OpenForms()) {
+            if (!form && f->Caption() == formName) form = f;
+        }
+        if (!form) return nullptr;
+        controlName = name.substr(dot + 1);
+    }
+    auto [plain, index] = SplitIndexedName(controlName);
+    return form->Find(plain, index);
+}
+
+// The mouse on controls: right clicks, drags and drops. Positions are given
+// as the target's drag events receive them, and turned here into the
+// control's own coordinates, which is where a pointer would be.
+bool Runner::MouseCommand(const Words& w) {
+    const std::string& verb = w[0].text;
+    if (verb == "rightclick" && w.size() == 2) {
+        if (forms::Control* c = FindControl(w[1].text)) {
+            GetDriver().RightClick(*c, static_cast<float>(c->Width() / 2),
+                                   static_cast<float>(c->Height() / 2));
+            return true;
+        }
+        forms::Form* f = FindForm(w[1].text);
+        if (!f) return false;
+        // A spot of the inner area where Calculator shows no control.
+        GetDriver().RightClickForm(*f, 60, 60);
+        return true;
+    }
+    const bool drag = verb == "drag" && w.size() == 7 && w[2].text == "to" && w[4].text == "at";
+    const bool over = verb == "dragover" && w.size() == 5;
+    if (!drag && !over) return false;
+    forms::Control* source = FindControl(w[1].text);
+    forms::Control* target = FindControl(w[drag ? 3 : 2].text);
+    auto x = ParseNumber(w[drag ? 5 : 3].text), y = ParseNumber(w[drag ? 6 : 4].text);
+    if (!source || !target || !x || !y) return false;
+    const auto ownX = static_cast<float>(*x - target->DragOffsetX());
+    const auto ownY = static_cast<float>(*y - target->DragOffsetY());
+    if (drag) {
+        // The press is on the middle of the source.
+        GetDriver().DragAndDrop(*source, static_cast<float>(source->Width() / 2),
+                                static_cast<float>(source->Height() / 2), *target, ownX, ownY);
+    } else {
+        GetDriver().DragOver(*source, *target, ownX, ownY);
+    }
+    return true;
+}
+
+bool Runner::ControlInspect(const Words& w) {
+    const std::string& verb = w[0].text;
+    if (verb == "dragicon" && w.size() == 2) {
+        forms::Control* c = FindControl(w[1].text);
+        if (!c) return false;
+        out_ << (c->DragIcon().empty() ? "design" : c->DragIcon()) << "\n";
+        return true;
+    }
+    if (verb == "popup" && w.size() == 1) {
+        forms::MenuItem* menu = App().Runtime().LastPopupMenu();
+        if (!menu) {
+            out_ << "none\n";
+            return true;
+        }
+        for (const auto& item : menu->Items()) {
+            if (!item->Visible()) continue;
+            if (item->IsSeparator()) {
+                out_ << "---\n";
+            } else {
+                out_ << (item->Checked() ? "[x] " : "[ ] ") << item->Caption() << "\n";
+            }
+        }
+        return true;
+    }
+    // A control's rectangle; a form's is printed below.
+    if (verb == "geometry" && w.size() == 2 && w[1].text.find('.') != std::string::npos) {
+        forms::Control* c = FindControl(w[1].text);
+        if (!c) return false;
+        out_ << "Left = " << FormatNumber(c->Left()) << "\nTop = " << FormatNumber(c->Top())
+             << "\nWidth = " << FormatNumber(c->Width())
+             << "\nHeight = " << FormatNumber(c->Height()) << "\n";
+        return true;
+    }
+    return false;
 }
 
 // What the user does to a window through the window system.
@@ -329,6 +428,7 @@ void Runner::PrintTape(const Words& w) {
 }
 
 bool Runner::Inspect(const Words& w) {
+    if (ControlInspect(w)) return true;
     const std::string& verb = w[0].text;
     if (verb == "state" && w.size() == 1) {
         PrintState();

@@ -45,7 +45,12 @@ class Runner {
     void PrintTape(const Words& w);
     bool KeyCommand(const Words& w);
     bool WindowCommand(const Words& w);
+    bool MouseCommand(const Words& w);
+    bool ControlInspect(const Words& w);
     forms::Form* FindForm(const std::string& name);
+    // "Form.Control" (the form by its name or its caption), or the plain name
+    // of a control of Calculator.
+    forms::Control* FindControl(const std::string& name);
 
     std::ostream& out_;
     std::ostream& err_;

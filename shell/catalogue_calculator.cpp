@@ -57,6 +57,9 @@ void AddLabels(forms::Form& f) {
     readout.SetFont(kReadoutFont);
     readout.SetTag("readout");
     readout.SetDragAutomatic(true);
+    // Its drag events are told the pointer in the form's coordinates, as its
+    // handlers compare X with its Left.
+    readout.SetDragOrigin(forms::DragOrigin::Form);
 
     Control& action = f.AddControl(std::string("ActionLabel"), ControlKind::Label);
     action.Move(120, 210, 375, 375);

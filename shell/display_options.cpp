@@ -43,9 +43,6 @@ void WireDisplayOptions(core::Program& p) {
     f.GetMenu("Sixteen").Click = [&p] { SixteenClick(p); };
     f.GetMenu("thirtysecond").Click = [&p] { ThirtySecondClick(p); };
     f.GetMenu("ShowKeys").Click = [&p] { ShowKeysClick(p); };
-    f.GetMenu("mnuPopup1Accuracy16").Click = [&p] { SixteenClick(p); };
-    f.GetMenu("mnuPopup1Accuracy32").Click = [&p] { ThirtySecondClick(p); };
-    f.GetMenu("mnuPopup1ShowKeys").Click = [&p] { ShowKeysClick(p); };
     f.DblClick = [&p] { ShowKeysClick(p); };
     f.Get("Label1").DblClick = [&p] { ShowKeysClick(p); };
 }

@@ -154,7 +154,6 @@ void WireTapeWindow(core::Program& p) {
     for (int i = 0; i < 2; ++i)
         f.Get("cmdScrollTape", i).Click = [&p, i] { ScrollTapeClick(p, i); };
     Calc(p).GetMenu("mnuTape").Click = [&p] { MenuTapeClick(p); };
-    Calc(p).GetMenu("mnuPopup1ShowTape").Click = [&p] { MenuTapeClick(p); };
 }
 
 }  // namespace tape

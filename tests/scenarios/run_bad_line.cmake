@@ -1,6 +1,6 @@
 # A line the tool cannot read stops it with status 2 and a message naming
 # the line; what came before it is still printed.
-execute_process(COMMAND ${TOOL} ${SCENARIO}
+execute_process(COMMAND ${TOOL} ${EXTRA_ARGS} ${SCENARIO}
     OUTPUT_VARIABLE out ERROR_VARIABLE err RESULT_VARIABLE status)
 if(NOT status EQUAL 2)
     message(FATAL_ERROR "expected exit status 2, got ${status}")

@@ -5,8 +5,11 @@ if(NOT status EQUAL 0)
     message(FATAL_ERROR "exit status ${status}\n${errors}")
 endif()
 file(READ ${EXPECTED} expected)
+if(NOT DEFINED ACTUAL)
+    set(ACTUAL ${SCENARIO}.actual)
+endif()
 if(NOT actual STREQUAL expected)
-    file(WRITE ${SCENARIO}.actual "${actual}")
-    message(FATAL_ERROR "output differs from ${EXPECTED}; got ${SCENARIO}.actual\n"
+    file(WRITE ${ACTUAL} "${actual}")
+    message(FATAL_ERROR "output differs from ${EXPECTED}; got ${ACTUAL}\n"
         "--- expected\n${expected}--- actual\n${actual}")
 endif()

@@ -1,0 +1,90 @@
+// The whole program behind its real windows, on services that answer at
+// once (no beep, no dialog, settings in memory), for tests that drive the
+// widgets as the user would.
+#pragma once
+
+#include <QApplication>
+#include <QGuiApplication>
+#include <QLabel>
+#include <QScreen>
+#include <QTest>
+#include <QWidget>
+#include <QWindow>
+#include <string>
+
+#include "forms/headless_services.h"
+#include "qtbind/form_window.h"
+#include "qtbind/qt_binding.h"
+#include "qtbind/screen_info.h"
+#include "shell/lathmark_app.h"
+
+namespace guitest {
+
+// Runs the event queue dry: windows that the program showed come on screen,
+// the window system reports their places, windows on their way out go.
+inline void Settle() {
+    for (int round = 0; round < 4; ++round) {
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        QCoreApplication::processEvents(QEventLoop::AllEvents);
+    }
+}
+
+class RunningCalculator {
+  public:
+    RunningCalculator()
+        : app_(forms::Services{&beeper, &messages, &settings},
+               qtbind::ScreenInfoOf(QGuiApplication::primaryScreen())),
+          binding_(app_) {
+        app_.Start();
+        // The main loop's first pass, as at the program's start.
+        binding_.AfterEvent();
+        Settle();
+    }
+
+    core::Program& P() { return app_.Program(); }
+    qtbind::QtBinding& Binding() { return binding_; }
+    const qtbind::PixelScale& Scale() { return binding_.Scale(); }
+
+    qtbind::FormWindow* CalculatorWindow() { return binding_.WindowFor(*P().Calculator); }
+    qtbind::FormWindow* TapeWindow() { return binding_.WindowFor(*P().frmTape); }
+    // A control's widget on the calculator, found by the control's name.
+    QWidget* Widget(const char* fullName) {
+        qtbind::FormWindow* window = CalculatorWindow();
+        return window ? window->findChild<QWidget*>(QString::fromLatin1(fullName)) : nullptr;
+    }
+    QString ReadoutText() {
+        auto* label = qobject_cast<QLabel*>(Widget("Readout"));
+        return label ? label->text() : QString();
+    }
+    // The name of the control that has the model's focus.
+    std::string ModelFocus() {
+        forms::Control* focus = app_.Runtime().Focus();
+        return focus ? focus->FullName() : std::string("none");
+    }
+    int TapeLines() { return P().tape->TapeRowCount()[0]; }
+    QString TapeLine(int row) { return QString::fromStdString(P().tape->Grid1().Cell(row, 0)); }
+
+    // Keys through the window system to the calculator's focused widget.
+    QWindow* KeyTarget() {
+        qtbind::FormWindow* window = CalculatorWindow();
+        return window ? window->windowHandle() : nullptr;
+    }
+    void Type(const char* text) {
+        for (const char* c = text; *c; ++c) QTest::keyClick(KeyTarget(), *c);
+        Settle();
+    }
+    void Press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+        QTest::keyClick(KeyTarget(), key, modifiers);
+        Settle();
+    }
+
+    forms::CountingBeeper beeper;
+    forms::RecordingMessageBoxes messages;
+    forms::MemorySettingsStore settings;
+
+  private:
+    shell::LathmarkApp app_;
+    qtbind::QtBinding binding_;
+};
+
+}  // namespace guitest
