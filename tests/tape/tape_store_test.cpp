@@ -14,7 +14,7 @@
 namespace {
 
 class TapeStoreTest : public ::testing::Test {
-protected:
+  protected:
     TapeStoreTest()
         : runtime(forms::Services{}, forms::ScreenInfo{}),
           form(runtime.CreateForm("frmTape", forms::BorderStyle::SizableNoTitle)),
@@ -425,7 +425,7 @@ TEST_F(TapeStoreTest, ScrollFollowsTheTapeOnShowNotTheTapeWritten) {
 TEST_F(TapeStoreTest, ATopRowTheGridRefusesLeavesTheOldOne) {
     grid.SetTopRow(2);
     store.TapeRowCount()[0] = 40;  // counted, but the grid never grew
-    store.TapeScrollToEnd();        // 36 lies outside a grid of 10 rows
+    store.TapeScrollToEnd();       // 36 lies outside a grid of 10 rows
     EXPECT_EQ(grid.TopRow(), 2);
     EXPECT_EQ(grid.Rows(), 10);
 }
