@@ -18,32 +18,9 @@ probe="$build/bench/startup-probe"
 programs=("$build/app/lathmark" "$build/bench/bare-qt-window")
 names=(lathmark bare-qt-window)
 
-work="$(mktemp -d)"
-xvfb_pid=""
-cleanup() {
-    if [ -n "$xvfb_pid" ]; then
-        kill "$xvfb_pid" 2>/dev/null || true
-        wait "$xvfb_pid" 2>/dev/null || true
-    fi
-    rm -rf "$work"
-}
-trap cleanup EXIT
-trap 'exit 130' INT TERM
-
-# A free display number, then Xvfb on it.
-display=99
-while [ -e "/tmp/.X$display-lock" ] || [ -e "/tmp/.X11-unix/X$display" ]; do
-    display=$((display + 1))
-done
-Xvfb ":$display" -screen 0 1280x800x24 -nolisten tcp >"$work/xvfb.log" 2>&1 &
-xvfb_pid=$!
-for _ in $(seq 100); do
-    [ -e "/tmp/.X11-unix/X$display" ] && break
-    kill -0 "$xvfb_pid" 2>/dev/null || { cat "$work/xvfb.log" >&2; exit 1; }
-    sleep 0.05
-done
+source "$root/scripts/xvfb-session.sh"
 mkdir -m 700 "$work/runtime"
-export DISPLAY=":$display" QT_QPA_PLATFORM=xcb XDG_RUNTIME_DIR="$work/runtime"
+export QT_QPA_PLATFORM=xcb XDG_RUNTIME_DIR="$work/runtime"
 unset WAYLAND_DISPLAY
 
 # One run of program $1: prints "<ms> <kib>". Each run gets a fresh configuration

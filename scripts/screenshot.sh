@@ -16,37 +16,12 @@ if [ ! -f "$build/build.ninja" ]; then
 fi
 cmake --build "$build" --target lathmark >/dev/null
 
-work="$(mktemp -d)"
-xvfb_pid=""
-app_pid=""
-cleanup() {
-    for pid in "$app_pid" "$xvfb_pid"; do
-        if [ -n "$pid" ]; then
-            kill "$pid" 2>/dev/null || true
-            wait "$pid" 2>/dev/null || true
-        fi
-    done
-    rm -rf "$work"
-}
-trap cleanup EXIT
-trap 'exit 130' INT TERM
-
-display=99
-while [ -e "/tmp/.X$display-lock" ] || [ -e "/tmp/.X11-unix/X$display" ]; do
-    display=$((display + 1))
-done
-Xvfb ":$display" -screen 0 1280x800x24 -br -nolisten tcp >"$work/xvfb.log" 2>&1 &
-xvfb_pid=$!
-for _ in $(seq 100); do
-    [ -e "/tmp/.X11-unix/X$display" ] && break
-    sleep 0.1
-done
-export DISPLAY=":$display"
+source "$root/scripts/xvfb-session.sh"
 
 mkdir -p "$work/config"
 XDG_CONFIG_HOME="$work/config" QT_QPA_PLATFORM=xcb "$build/app/lathmark" \
     >"$work/lathmark.log" 2>&1 &
-app_pid=$!
+extra_pids+=($!)
 
 mapped=""
 for _ in $(seq 100); do
