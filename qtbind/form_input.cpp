@@ -130,10 +130,13 @@ bool FormInput::MousePressed(QWidget* widget, forms::Control* control, QMouseEve
     const QPointF at = event.position();
     const auto x = static_cast<float>(scale_.ToTwipsX(static_cast<int>(at.x())));
     const auto y = static_cast<float>(scale_.ToTwipsY(static_cast<int>(at.y())));
+    // Through the runtime, which begins the drag of a control that drags
+    // automatically once its MouseDown has chosen the icon.
+    forms::Runtime& runtime = form_->GetRuntime();
     if (control) {
-        if (control->MouseDown) control->MouseDown(button, shift, x, y);
-    } else if (form_->MouseDown) {
-        form_->MouseDown(button, shift, x, y);
+        runtime.PressMouse(*control, button, shift, x, y);
+    } else {
+        runtime.PressMouse(*form_, button, shift, x, y);
     }
     if (afterEvent_) afterEvent_();
     // A button keeps its left press, to be clicked; any other press ends at

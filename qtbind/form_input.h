@@ -6,9 +6,10 @@
 // blank. On other forms the focused control's KeyDown comes first and the
 // widget may then act on the key itself.
 // Mouse: a press is the control's MouseDown (or the form's, on the form's
-// own area), a left click on a button its Click, a double click on a label,
-// the grid or the form its DblClick. Focus given by the user goes to the
-// model's focus.
+// own area), run by the runtime, which then begins the drag of a control
+// that drags automatically; a left click on a button is its Click, a double
+// click on a label, the grid or the form its DblClick. Focus given by the
+// user goes to the model's focus.
 #pragma once
 
 #include <QObject>

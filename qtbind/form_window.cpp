@@ -100,7 +100,10 @@ void FormWindow::BuildControls() {
                 if (control.Click) control.Click();
                 AfterEvent();
             });
-        if (view->Widget()) input_->Watch(view->Widget(), c.get());
+        if (view->Widget()) {
+            input_->Watch(view->Widget(), c.get());
+            controlOf_[view->Widget()] = c.get();
+        }
         viewOf_[c.get()] = view.get();
         views_.push_back(std::move(view));
     }
@@ -114,6 +117,15 @@ QWidget* FormWindow::Frame() {
 QWidget* FormWindow::WidgetFor(const forms::Control& control) const {
     auto found = viewOf_.find(&control);
     return found == viewOf_.end() ? nullptr : found->second->Widget();
+}
+
+forms::Control* FormWindow::ControlOf(const QWidget* widget) const {
+    if (ModelGone()) return nullptr;
+    for (; widget && widget != this; widget = widget->parentWidget()) {
+        auto found = controlOf_.find(widget);
+        if (found != controlOf_.end()) return found->second;
+    }
+    return nullptr;
 }
 
 bool FormWindow::ModelGone() const {

@@ -54,6 +54,9 @@ class FormWindow : public QWidget {
     QMenuBar* MenuBar() const { return menuBar_; }
     FormSurface* Surface() const { return surface_; }
     QWidget* WidgetFor(const forms::Control& control) const;
+    // The control that `widget` shows, or that holds it; nullptr for a
+    // widget of no control of this form (the form's own area, its frame).
+    forms::Control* ControlOf(const QWidget* widget) const;
     const MenuBridge& Menus() const { return menus_; }
 
     // Where the desktop puts Frame() for an outer rectangle of the model in
@@ -115,6 +118,7 @@ class FormWindow : public QWidget {
     MenuBridge menus_;
     std::vector<std::unique_ptr<ControlView>> views_;
     std::unordered_map<const forms::Control*, ControlView*> viewOf_;
+    std::unordered_map<const QWidget*, forms::Control*> controlOf_;
     FrameDrag drag_;
     AppliedGeometry applied_;
     int applying_ = 0;  // depth of the program's own changes under way

@@ -1,11 +1,14 @@
 #include "qtbind/qt_binding.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QCoreApplication>
+#include <QCursor>
 #include <QGuiApplication>
 #include <QMdiArea>
 #include <QMenu>
 
+#include "qtbind/drag_tracker.h"
 #include "qtbind/form_window.h"
 #include "qtbind/screen_info.h"
 #include "qtbind/window_style.h"
@@ -17,10 +20,19 @@ QtBinding::QtBinding(shell::LathmarkApp& app)
     : QtBinding(app, ScaleOf(QGuiApplication::primaryScreen())) {}
 
 QtBinding::QtBinding(shell::LathmarkApp& app, const PixelScale& scale) : app_(app), scale_(scale) {
+    DragTracker::Hooks hooks;
+    hooks.widgetFor = [this](const forms::Control& control) { return WidgetFor(control); };
+    hooks.controlAt = [this](const QPoint& global, QPoint& local) {
+        return ControlAt(global, &local);
+    };
+    hooks.afterEvent = [this] { AfterEvent(); };
+    drag_ = std::make_unique<DragTracker>(app_.Runtime(), scale_, std::move(hooks));
     app_.Runtime().SetObserver(this);
 }
 
 QtBinding::~QtBinding() {
+    // A drag under way lets the mouse and the cursor go.
+    drag_.reset();
     if (app_.Runtime().Observer() == this) app_.Runtime().SetObserver(nullptr);
     for (auto& [form, window] : windows_) window->Detach();
     // A memory cell goes with the parent window that holds it.
@@ -41,10 +53,31 @@ QWidget* QtBinding::WidgetFor(const forms::Control& control) const {
     return window ? window->WidgetFor(control) : nullptr;
 }
 
+forms::Control* QtBinding::ControlAt(const QPoint& globalPos, QPoint* local) const {
+    QWidget* widget = QApplication::widgetAt(globalPos);
+    if (!widget) return nullptr;
+    // A memory cell's window lies inside its parent's: the cell's own
+    // window knows the control.
+    for (const auto& [form, window] : windows_) {
+        if (window != widget && !window->isAncestorOf(widget)) continue;
+        forms::Control* control = window->ControlOf(widget);
+        if (!control) continue;
+        if (local) *local = window->WidgetFor(*control)->mapFromGlobal(globalPos);
+        return control;
+    }
+    return nullptr;
+}
+
 void QtBinding::ShowPopupMenu(const forms::MenuItem& top, const QPoint& globalPos) {
     FormWindow* window = EnsureWindow(top.Parent());
     if (!window) return;
-    if (QMenu* menu = window->Menus().Popup(top.Name())) menu->exec(globalPos);
+    // Not exec(): the press that asked for the menu is still being handled,
+    // and the program's handlers expect nothing back from the menu.
+    if (QMenu* menu = window->Menus().Popup(top.Name())) menu->popup(globalPos);
+}
+
+std::optional<std::string> QtBinding::DragCursorPicture() const {
+    return drag_ ? drag_->Picture() : std::nullopt;
 }
 
 void QtBinding::AfterEvent() {
@@ -145,6 +178,22 @@ void QtBinding::FocusChanged(forms::Control* control) {
 
 void QtBinding::TopMostChanged() {
     Restack();
+}
+
+void QtBinding::PopupMenuRequested(forms::MenuItem& menu) {
+    ShowPopupMenu(menu, QCursor::pos());
+}
+
+void QtBinding::DragStarted(forms::Control& source) {
+    drag_->Started(source);
+}
+
+void QtBinding::DragIconChanged(const std::string& picture) {
+    drag_->IconChanged(picture);
+}
+
+void QtBinding::DragEnded() {
+    drag_->Ended();
 }
 
 void QtBinding::ProgramEnded() {

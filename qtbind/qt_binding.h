@@ -10,6 +10,9 @@
 #include <QPoint>
 #include <QPointer>
 #include <QWidget>
+#include <memory>
+#include <optional>
+#include <string>
 #include <unordered_map>
 #include <vector>
 
@@ -30,6 +33,7 @@ class MenuItem;
 
 namespace qtbind {
 
+class DragTracker;
 class FormWindow;
 
 class QtBinding : public forms::RuntimeObserver {
@@ -45,9 +49,16 @@ class QtBinding : public forms::RuntimeObserver {
     // nullptr while the form has no window yet.
     FormWindow* WindowFor(const forms::Form& form) const;
     QWidget* WidgetFor(const forms::Control& control) const;
+    // The control under a point of the screen, in any of the program's
+    // windows, and that point in the control's widget; nullptr over none.
+    forms::Control* ControlAt(const QPoint& globalPos, QPoint* local = nullptr) const;
     // Pops up the menu of a hidden top item (such as "mnuPopup1") at the
-    // given place on the screen and returns when it is closed.
+    // given place on the screen. It returns at once: the menu stays up until
+    // the user picks an entry, whose Click then runs, or closes it.
     void ShowPopupMenu(const forms::MenuItem& top, const QPoint& globalPos);
+    // The picture that the mouse cursor shows while a drag lasts
+    // ("Image1".."Image5", or "" for the design icon); nothing without one.
+    std::optional<std::string> DragCursorPicture() const;
 
     // One pass of the main loop, after every event that reached the model:
     // the tape follows the calculator wherever it went.
@@ -60,6 +71,10 @@ class QtBinding : public forms::RuntimeObserver {
     void MenuChanged(forms::MenuItem& item) override;
     void FocusChanged(forms::Control* control) override;
     void TopMostChanged() override;
+    void PopupMenuRequested(forms::MenuItem& menu) override;
+    void DragStarted(forms::Control& source) override;
+    void DragIconChanged(const std::string& picture) override;
+    void DragEnded() override;
     void ProgramEnded() override;
 
   private:
@@ -74,6 +89,7 @@ class QtBinding : public forms::RuntimeObserver {
     // Windows of unloaded forms, on their way out.
     std::vector<QPointer<QWidget>> retired_;
     bool inMainLoopPass_ = false;
+    std::unique_ptr<DragTracker> drag_;
 };
 
 }  // namespace qtbind

@@ -1,12 +1,19 @@
 // The scenario's user actions as real input on the program's Qt windows:
 // key presses and releases through the window system to the focused widget
-// of the form's window, mouse clicks on a control's widget, menu items
-// chosen through their actions, and moves, drags of the frame, the title
-// bar's buttons and the close box done to the window itself, so that the
-// binding reports them to the model as it reports the user's.
+// of the form's window, mouse clicks, right clicks and drags of controls
+// through the window system, menu items chosen through their actions, and
+// moves, drags of the frame, the title bar's buttons and the close box done
+// to the window itself, so that the binding reports them to the model as it
+// reports the user's.
 #pragma once
 
+#include <QPoint>
+#include <optional>
+
 #include "scenario/driver.h"
+
+class QWidget;
+class QWindow;
 
 namespace qtbind {
 class FormWindow;
@@ -28,6 +35,17 @@ class GuiDriver : public Driver {
                     double height) override;
     void SetWindowState(forms::Form& form, std::int16_t state) override;
     void CloseWindow(forms::Form& form) override;
+    // The mouse on the widgets, through the window system: a right click
+    // opens whatever menu the program pops up, which is then sent away with
+    // Escape; a drag is a press on the source, a move over it, a move to the
+    // target (in whichever window it lies) and a release there. DragOver
+    // begins the drag as the program would, moves the pointer over the
+    // target and calls the drag off with Escape.
+    void RightClick(forms::Control& control, float x, float y) override;
+    void RightClickForm(forms::Form& form, float x, float y) override;
+    void DragAndDrop(forms::Control& source, float sourceX, float sourceY, forms::Control& target,
+                     float x, float y) override;
+    void DragOver(forms::Control& source, forms::Control& target, float x, float y) override;
     // Runs Qt's event queue until what the action set going is over: the
     // windows that the program showed are on screen, the window system has
     // reported their places, and windows on their way out are gone.
@@ -37,6 +55,23 @@ class GuiDriver : public Driver {
     // The form's window when the user can reach it: made, shown and not
     // minimised; else nullptr.
     qtbind::FormWindow* WindowOnScreen(const forms::Form& form) const;
+    // Where the pointer stands over `widget` at the pixel `local` of it:
+    // the window that the window system sends the mouse to, the point in
+    // that window and on the screen.
+    struct Pointer {
+        QWindow* window;
+        QPoint at;
+        QPoint global;
+    };
+    std::optional<Pointer> PointerOn(QWidget* widget, const QPoint& local) const;
+    // The pointer over `control` at (x, y) twips of its own, when a pointer
+    // can be there: the control is on screen and in front at that place,
+    // and the place is a whole pixel, so that the program is told exactly
+    // (x, y) again. Else nullopt, and the action goes to the program as
+    // without windows.
+    std::optional<Pointer> PointerOver(const forms::Control& control, float x, float y) const;
+    // Sends any popup menu that is up away, as Escape does.
+    void DismissPopups();
 
     qtbind::QtBinding* binding_ = nullptr;
     // What the user cannot do through a window goes to the model the way

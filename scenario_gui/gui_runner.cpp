@@ -1,12 +1,40 @@
 #include "scenario_gui/gui_runner.h"
 
 #include <QApplication>
+#include <QFile>
+#include <QTemporaryFile>
 
 #include "qtbind/font_map.h"
 #include "qtbind/qt_binding.h"
 #include "shell/lathmark_app.h"
 
 namespace scenario {
+
+namespace {
+
+// The offscreen platform has one screen of 800 by 600 pixels. At 2.5 twips
+// to the pixel the program's windows stand far beyond it, where no pointer
+// could reach them and no window would be found under one: the screen is
+// made large enough to hold every place that a scenario names (40960 twips
+// a side).
+constexpr const char* kLargeScreen =
+    R"({"screens": [{"name": "scenario", "x": 0, "y": 0, "width": 16384, "height": 16384}]})";
+
+// Chooses the offscreen platform, with the large screen, unless another
+// platform is named. The file must last until the application is made.
+std::unique_ptr<QTemporaryFile> ChooseOffscreenPlatform() {
+    const QByteArray named = qgetenv("QT_QPA_PLATFORM");
+    if (!named.isEmpty() && named != "offscreen") return nullptr;
+    QByteArray platform = "offscreen";
+    auto config = std::make_unique<QTemporaryFile>();
+    if (config->open() && config->write(kLargeScreen) > 0 && config->flush()) {
+        platform += ":configfile=" + QFile::encodeName(config->fileName());
+    }
+    qputenv("QT_QPA_PLATFORM", platform);
+    return config;
+}
+
+}  // namespace
 
 GuiRunner::GuiRunner(std::ostream& out, std::ostream& err) : Runner(out, err) {}
 
@@ -41,9 +69,7 @@ void GuiRunner::StopApp() {
 }
 
 int RunWithWindows(int& argc, char** argv, std::istream& in, std::ostream& out, std::ostream& err) {
-    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) {
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-    }
+    const std::unique_ptr<QTemporaryFile> screenConfig = ChooseOffscreenPlatform();
     QApplication application(argc, argv);
     QApplication::setStyle(QStringLiteral("Fusion"));
     // The program ends when its model says so, not when a window closes.

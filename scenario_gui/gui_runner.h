@@ -1,6 +1,7 @@
 // The scenario tool with the program behind real Qt windows: the same
 // commands, acted out as the user's input on the windows, on Qt's offscreen
-// platform unless another one is chosen.
+// platform (with one screen large enough for every window at the scale
+// below) unless another one is chosen.
 #pragma once
 
 #include <iosfwd>
