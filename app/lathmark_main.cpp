@@ -37,9 +37,8 @@ int main(int argc, char** argv) {
     // The main loop's first pass, before any event.
     binding.AfterEvent();
 
-    int status = 0;
-    if (!app.Ended()) status = QApplication::exec();
-    // The Unload of the calculator has written the settings into the store.
-    if (app.Ended()) settings.Save();
-    return status;
+    // The Unload of the calculator writes the settings; the store saves each
+    // write to the file as it comes.
+    if (app.Ended()) return 0;
+    return QApplication::exec();
 }
