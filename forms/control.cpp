@@ -106,6 +106,12 @@ void Control::SetDragIcon(std::string picture) {
     form_.GetRuntime().DragIconSet(*this);
 }
 
+void Control::SetSelection(int start, int length) {
+    selStart_ = start;
+    selLength_ = length;
+    Changed();
+}
+
 bool Control::CanFocus() const {
     switch (kind_) {
         case ControlKind::PushButton:

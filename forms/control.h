@@ -99,6 +99,14 @@ class Control {
     double DragOffsetX() const { return dragOrigin_ == DragOrigin::Form ? left_ : 0.0; }
     double DragOffsetY() const { return dragOrigin_ == DragOrigin::Form ? top_ : 0.0; }
 
+    // A text box's selection, in characters: typing replaces it.
+    int SelStart() const { return selStart_; }
+    int SelLength() const { return selLength_; }
+    void SetSelection(int start, int length);
+    // The default button of its form: Enter anywhere on the form presses it.
+    bool IsDefault() const { return default_; }
+    void SetDefault(bool isDefault) { default_ = isDefault; }
+
     // Can this control take the keyboard focus at all?
     bool CanFocus() const;
 
@@ -113,6 +121,7 @@ class Control {
     std::function<void(Control& source, float x, float y)> DragDrop;
     std::function<void(std::int16_t& keyCode, int shift)> KeyDown;
     std::function<void()> GotFocus;
+    std::function<void(int button, int shift, float x, float y)> MouseUp;
 
   protected:
     void Changed();
@@ -124,7 +133,8 @@ class Control {
     int index_;
     double left_ = 0, top_ = 0, width_ = 0, height_ = 0;
     std::string caption_, tag_, toolTip_, dragIcon_;
-    bool visible_ = true, enabled_ = true, dragAutomatic_ = false;
+    bool visible_ = true, enabled_ = true, dragAutomatic_ = false, default_ = false;
+    int selStart_ = 0, selLength_ = 0;
     DragOrigin dragOrigin_ = DragOrigin::Control;
     bool backTransparent_ = false, borderSingle_ = false;
     std::uint32_t backColor_ = 0xFFFFFF, foreColor_ = 0;

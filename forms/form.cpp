@@ -62,21 +62,25 @@ void Form::SetDesignInnerSize(double innerWidth, double innerHeight) {
     height_ = innerHeight + insets_.top + insets_.bottom;
 }
 
-void Form::Move(double left, double top, double width, double height) {
+bool Form::Move(double left, double top, double width, double height) {
     if (!loaded_) runtime_.Load(*this);
+    if (windowState_ == kMaximized) return false;
     if (width < 0) width = 0;
     if (height < 0) height = 0;
     const bool sized = width != width_ || height != height_;
-    if (!sized && left == left_ && top == top_) return;
+    if (!sized && left == left_ && top == top_) return true;
     left_ = left;
     top_ = top;
     width_ = width;
     height_ = height;
     Changed();
     if (sized) RaiseResize();
+    return true;
 }
 
 void Form::ReportGeometry(double left, double top, double width, double height) {
+    // A maximised window stays where the model put it.
+    if (windowState_ == kMaximized) return;
     // The window system never lets a frame be dragged smaller than its
     // minimum tracking size of 27 pixels.
     constexpr double kMinimumTrack = 27 * 15;
@@ -93,6 +97,8 @@ void Form::RaiseResize() {
 
 void Form::SetVisible(bool visible) {
     if (!loaded_) runtime_.Load(*this);
+    // A child shown is its parent shown.
+    if (visible && mdiParent_ && !mdiParent_->Visible()) mdiParent_->SetVisible(true);
     if (visible == visible_) return;
     visible_ = visible;
     Changed();
@@ -110,6 +116,26 @@ void Form::Show() {
 
 void Form::SetWindowState(std::int16_t state) {
     if (state == windowState_) return;
+    if (state == kMaximized) {
+        normalLeft_ = left_;
+        normalTop_ = top_;
+        normalWidth_ = width_;
+        normalHeight_ = height_;
+        left_ = 0;
+        top_ = 0;
+        if (mdiParent_) {
+            width_ = mdiParent_->ScaleWidth();
+            height_ = mdiParent_->ScaleHeight();
+        } else {
+            width_ = runtime_.Screen().width;
+            height_ = runtime_.Screen().height;
+        }
+    } else if (windowState_ == kMaximized) {
+        left_ = normalLeft_;
+        top_ = normalTop_;
+        width_ = normalWidth_;
+        height_ = normalHeight_;
+    }
     windowState_ = state;
     Changed();
     RaiseResize();

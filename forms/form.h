@@ -4,6 +4,10 @@
 // Setting the size raises Resize inside the setter, and showing a hidden form
 // raises it too: handlers that size their own form rely on that re-entry and
 // guard against it with flags of their own.
+//
+// A child form (a memory cell) lives inside the inner area of its parent:
+// its Left and Top count from there, it is shown as soon as it is loaded,
+// and showing it shows the parent.
 #pragma once
 
 #include <cstdint>
@@ -13,6 +17,7 @@
 #include <vector>
 
 #include "forms/control.h"
+#include "forms/font.h"
 #include "forms/grid.h"
 #include "forms/menu_item.h"
 
@@ -50,6 +55,20 @@ class Form {
     void SetCaption(std::string caption);
     const std::string& Tag() const { return tag_; }
     void SetTag(std::string tag) { tag_ = std::move(tag); }
+    // The form's own font, which TextWidth measures with.
+    const Font& GetFont() const { return font_; }
+    void SetFont(Font font) { font_ = std::move(font); }
+
+    // The parent whose inner area holds this form; nullptr for a window of
+    // its own. Set once, before the form is loaded.
+    Form* MdiParent() const { return mdiParent_; }
+    void SetMdiParent(Form* parent) { mdiParent_ = parent; }
+    // A form made at run time from a design, one of many: it is freed once
+    // it is unloaded (Runtime::FreeUnloaded), and a later use needs a new one.
+    bool IsInstance() const { return instance_; }
+    void SetInstance(bool instance) { instance_ = instance; }
+    // Shown modally: no other window takes input until it is gone.
+    bool Modal() const { return modal_; }
     std::uint32_t BackColor() const { return backColor_; }
     void SetBackColor(std::uint32_t color);
 
@@ -60,11 +79,13 @@ class Form {
     double Height() const { return height_; }
     double ScaleWidth() const { return width_ - insets_.left - insets_.right; }
     double ScaleHeight() const { return height_ - insets_.top - insets_.bottom; }
-    void SetLeft(double v) { Move(v, top_, width_, height_); }
-    void SetTop(double v) { Move(left_, v, width_, height_); }
-    void SetWidth(double v) { Move(left_, top_, v, height_); }
-    void SetHeight(double v) { Move(left_, top_, width_, v); }
-    void Move(double left, double top, double width, double height);
+    // A maximised form refuses to be moved or sized: the statement fails
+    // (false) and the form stays where the window system keeps it.
+    bool SetLeft(double v) { return Move(v, top_, width_, height_); }
+    bool SetTop(double v) { return Move(left_, v, width_, height_); }
+    bool SetWidth(double v) { return Move(left_, top_, v, height_); }
+    bool SetHeight(double v) { return Move(left_, top_, width_, v); }
+    bool Move(double left, double top, double width, double height);
     // Sets the design size from the inner area, before the form is loaded.
     void SetDesignInnerSize(double innerWidth, double innerHeight);
     // What the window system reports after the user moved or sized the
@@ -77,6 +98,8 @@ class Form {
     void Show();
     void Hide() { SetVisible(false); }
     std::int16_t WindowState() const { return windowState_; }
+    // Maximising fills the screen (for a child: the parent's inner area);
+    // the normal state brings back the rectangle from before.
     void SetWindowState(std::int16_t state);
 
     // Controls in design order; the position in this list is the control's
@@ -111,7 +134,9 @@ class Form {
     std::function<void()> Activate;
     std::function<void()> GotFocus;
     std::function<void()> Paint;
+    std::function<void()> Click;
     std::function<void()> DblClick;
+    std::function<void(int button, int shift, float x, float y)> MouseUp;
     std::function<void(std::int16_t& keyAscii)> KeyPress;
     std::function<void(std::int16_t& keyCode, int shift)> KeyDown;
     std::function<void(std::int16_t& keyCode, int shift)> KeyUp;
@@ -129,6 +154,12 @@ class Form {
     BorderStyle border_;
     FrameInsets insets_;
     std::string caption_, tag_;
+    Font font_;
+    Form* mdiParent_ = nullptr;
+    bool instance_ = false, modal_ = false;
+    Form* activeChild_ = nullptr;  // of a parent: the child active last
+    // The rectangle to come back to from the maximised state.
+    double normalLeft_ = 0, normalTop_ = 0, normalWidth_ = 0, normalHeight_ = 0;
     std::uint32_t backColor_ = 0xC0C0C0;
     double left_ = 0, top_ = 0, width_ = 0, height_ = 0;
     bool loaded_ = false, visible_ = false;

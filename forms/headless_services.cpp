@@ -34,6 +34,10 @@ void MemorySettingsStore::Write(const std::string& section, const std::string& k
     entries_.push_back({section, key, value});
 }
 
+double HalfEmTextWidth(const Font& font, const std::string& text) {
+    return static_cast<double>(text.size()) * font.Size * 10.0;
+}
+
 const char* IconName(MessageIcon icon) {
     switch (icon) {
         case MessageIcon::None:

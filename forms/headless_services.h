@@ -46,4 +46,15 @@ class MemorySettingsStore : public SettingsStore {
 
 const char* IconName(MessageIcon icon);
 
+// The measure of text without a desktop: every character half an em wide,
+// that is ten twips for each point of the font's size. Tests can count on it.
+double HalfEmTextWidth(const Font& font, const std::string& text);
+
+class HalfEmTextMeasure : public TextMeasure {
+  public:
+    double TextWidth(const Font& font, const std::string& text) const override {
+        return HalfEmTextWidth(font, text);
+    }
+};
+
 }  // namespace forms

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "forms/headless_services.h"
+
 namespace forms {
 
 Runtime::Runtime(Services services, ScreenInfo screen) : services_(services), screen_(screen) {}
@@ -28,6 +30,8 @@ void Runtime::Load(Form& form) {
     openForms_.push_back(&form);
     if (observer_) observer_->FormLoaded(form);
     if (form.Load) form.Load();
+    // A child is on show as soon as it is loaded.
+    if (form.mdiParent_ && form.loaded_) form.SetVisible(true);
 }
 
 bool Runtime::Unload(Form& form, int unloadMode) {
@@ -46,8 +50,28 @@ bool Runtime::Unload(Form& form, int unloadMode) {
     std::erase(openForms_, &form);
     std::erase(topMost_, &form);
     if (activeForm_ == &form) activeForm_ = nullptr;
+    for (auto& f : forms_) {
+        if (f->activeChild_ == &form) f->activeChild_ = nullptr;
+    }
     if (observer_) observer_->FormUnloaded(form);
+    if (form.instance_) {
+        auto owned = std::find_if(forms_.begin(), forms_.end(),
+                                  [&](const auto& f) { return f.get() == &form; });
+        if (owned != forms_.end()) {
+            if (lastPopup_ && &lastPopup_->Parent() == &form) lastPopup_ = nullptr;
+            unloaded_.push_back(std::move(*owned));
+            forms_.erase(owned);
+        }
+    }
     return true;
+}
+
+void Runtime::FreeUnloaded() {
+    // A form loaded again after its Unload is still in use.
+    for (auto& f : unloaded_) {
+        if (f->loaded_) forms_.push_back(std::move(f));
+    }
+    unloaded_.clear();
 }
 
 Form* Runtime::FindOpenForm(const std::string& name) const {
@@ -58,8 +82,15 @@ Form* Runtime::FindOpenForm(const std::string& name) const {
 }
 
 void Runtime::Activate(Form& form) {
-    if (ended_ || activeForm_ == &form || !form.visible_) return;
+    if (ended_ || !form.visible_) return;
+    if (Form* child = form.activeChild_; child && child->loaded_ && child->visible_) {
+        Activate(*child);
+        return;
+    }
+    if (activeForm_ == &form) return;
+    if (form.mdiParent_) form.mdiParent_->activeChild_ = &form;
     activeForm_ = &form;
+    if (observer_) observer_->ActiveFormChanged(form);
     if (form.Activate) form.Activate();
     if (!focus_ || &focus_->Parent() != &form) {
         if (Control* first = form.TabFirst()) SetFocus(*first);
@@ -72,11 +103,43 @@ bool Runtime::SetFocus(Control& control) {
         !control.CanFocus()) {
         return false;
     }
+    if (activeForm_ != &form) Activate(form);
+    if (ended_ || !control.Visible() || !control.Enabled()) return false;
     if (focus_ == &control) return true;
     focus_ = &control;
     if (observer_) observer_->FocusChanged(focus_);
     if (control.GotFocus) control.GotFocus();
     return true;
+}
+
+bool Runtime::SetFocus(Form& form) {
+    if (ended_ || !form.loaded_ || !form.visible_) return false;
+    Activate(form);
+    if (focus_ && &focus_->Parent() != &form) {
+        focus_ = nullptr;
+        if (observer_) observer_->FocusChanged(nullptr);
+    }
+    if (form.GotFocus) form.GotFocus();
+    return true;
+}
+
+void Runtime::ShowModal(Form& form) {
+    if (ended_) return;
+    Load(form);
+    if (!form.loaded_) return;
+    form.modal_ = true;
+    ++modalDepth_;
+    form.Show();
+    if (services_.modal && form.loaded_ && form.visible_) services_.modal->RunModal(form);
+    // With nobody to answer, the form goes as if closed.
+    if (form.loaded_ && form.visible_) Unload(form);
+    --modalDepth_;
+    form.modal_ = false;
+}
+
+double Runtime::TextWidth(const Font& font, const std::string& text) const {
+    if (services_.textMeasure) return services_.textMeasure->TextWidth(font, text);
+    return HalfEmTextWidth(font, text);
 }
 
 void Runtime::FormHidden(Form& form) {

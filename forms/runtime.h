@@ -25,22 +25,40 @@ class Runtime {
     // Drops an unloaded instance; a later use builds the form anew.
     void DestroyForm(Form& form);
 
-    // Loading raises Load once; the form joins the open list.
+    // Loading raises Load once; the form joins the open list. A child form
+    // is then shown, and with it its parent; it is not activated.
     void Load(Form& form);
     // QueryUnload, then Unload; either may cancel. Returns true when the form
-    // was unloaded.
+    // was unloaded. An instance form is set aside to be freed.
     bool Unload(Form& form, int unloadMode = 0);
+    // Frees the instance forms unloaded so far. Only call it where no
+    // handler of theirs can still be running (between events).
+    void FreeUnloaded();
+    // The open forms, in load order, without gaps: a form that closes
+    // leaves at once and the later ones move up.
     const std::vector<Form*>& OpenForms() const { return openForms_; }
     Form* FindOpenForm(const std::string& name) const;
 
     Form* ActiveForm() const { return activeForm_; }
     // Makes the form the active one and raises its Activate on a change.
+    // A parent that holds an active child hands the activation to it.
     void Activate(Form& form);
 
     Control* Focus() const { return focus_; }
     // Fails (false) on a hidden or disabled control or form, or a control
     // that takes no focus; the caller's statement is then simply dropped.
+    // The focus on a control of another form activates that form first.
     bool SetFocus(Control& control);
+    // The focus on the form itself: it is activated, and its GotFocus runs.
+    bool SetFocus(Form& form);
+
+    // Shows the form modally and returns once it is hidden or unloaded; the
+    // desktop (or, headless, whoever answers for the user) runs it.
+    void ShowModal(Form& form);
+    bool InModal() const { return modalDepth_ > 0; }
+
+    // The width in twips of `text` written in `font`.
+    double TextWidth(const Font& font, const std::string& text) const;
 
     // The band of windows that float above other programs, front first.
     void SetTopMost(Form& form, bool onTop);
@@ -118,6 +136,7 @@ class Runtime {
     ScreenInfo screen_;
     RuntimeObserver* observer_ = nullptr;
     std::vector<std::unique_ptr<Form>> forms_;
+    std::vector<std::unique_ptr<Form>> unloaded_;  // instances waiting to be freed
     std::vector<Form*> openForms_;
     std::vector<Form*> topMost_;
     Form* activeForm_ = nullptr;
@@ -125,6 +144,7 @@ class Runtime {
     Control* dragSource_ = nullptr;
     Control* dragTarget_ = nullptr;  // the control the pointer was over last
     MenuItem* lastPopup_ = nullptr;
+    int modalDepth_ = 0;
     bool ended_ = false;
 };
 

@@ -19,6 +19,9 @@ class RuntimeObserver {
     virtual void ControlChanged(Control&) {}
     virtual void MenuChanged(MenuItem&) {}
     virtual void FocusChanged(Control*) {}
+    // The program made the form the active one (a child: the active one
+    // inside its parent).
+    virtual void ActiveFormChanged(Form&) {}
     virtual void TopMostChanged() {}
     // A menu (a top item, usually hidden) is to pop up at the pointer. The
     // view shows it and runs the Click of the entry that the user picks.

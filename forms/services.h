@@ -6,7 +6,11 @@
 #include <string>
 #include <vector>
 
+#include "forms/font.h"
+
 namespace forms {
+
+class Form;
 
 class Beeper {
   public:
@@ -41,6 +45,22 @@ class SettingsStore {
     virtual std::vector<Entry> Entries() const = 0;
 };
 
+// Runs a form shown modally: returns once the form is hidden or unloaded,
+// which its own buttons see to.
+class ModalHost {
+  public:
+    virtual ~ModalHost() = default;
+    virtual void RunModal(Form& form) = 0;
+};
+
+// Measures a text as a form's font would draw it.
+class TextMeasure {
+  public:
+    virtual ~TextMeasure() = default;
+    // The width of `text` in twips.
+    virtual double TextWidth(const Font& font, const std::string& text) const = 0;
+};
+
 // The screen's size in twips and its resolution.
 struct ScreenInfo {
     double width = 1920 * 15.0;
@@ -53,6 +73,8 @@ struct Services {
     Beeper* beeper = nullptr;
     MessageBoxes* messages = nullptr;
     SettingsStore* settings = nullptr;
+    ModalHost* modal = nullptr;
+    TextMeasure* textMeasure = nullptr;
 };
 
 }  // namespace forms

@@ -13,6 +13,9 @@ class ReadoutDrop : public StartedApp {
         StartedApp::SetUp();
         cell = &shell::MakeMemoryCell(app->Runtime());
         cell->Show();
+        // The calculator stays the active window, as when the cell came by
+        // New Memory: giving Equal the focus then activates nothing.
+        Runtime().Activate(*P().Calculator);
         label = &cell->Get("Label1");
     }
 
