@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
@@ -22,12 +23,17 @@ struct Program {
 
     // Display options and counters shared across the windows.
     std::int16_t AccuracyDenominator = 16;
-    std::int16_t MemoryCount = 1;
+    std::int16_t MemoryCount = 1;  // open memory cells plus one
     std::int16_t NextMemoryNumber = 1;
+    std::int16_t MemoryWidth = 0;  // the outer width of every cell, in twips
+    std::string InputResult;       // what the name prompt hands back
 
     // Flags against the re-entry of Resize, each for its own window.
     std::int16_t TapeFollowing = 0;
     std::int16_t TapeResizeGuard = 0;
+    std::int16_t CellResizeGuard = 0;  // 0 idle, 1 running, 2 swallow the next
+    std::int16_t ArrangingMemory = 0;  // a layout routine is moving the parent
+    std::int16_t ResizeSkip = 0;       // the parent's own, against its own move
 
     // Where the main loop last saw the calculator, in twips.
     std::int32_t CalcTop = 0;
@@ -51,6 +57,10 @@ struct Program {
     forms::Form* frmTape = nullptr;
     forms::Form* Converter = nullptr;
     forms::Form* MDIForm1 = nullptr;
+    forms::Form* frmInput = nullptr;
+    // Makes a new memory cell from its design, with its handlers on; not
+    // loaded yet: the first touch loads it.
+    std::function<forms::Form&()> NewMemoryForm;
 
     std::unique_ptr<CalculatorView> calc;  // the controls of Calculator
     std::unique_ptr<tape::TapeStore> tape;

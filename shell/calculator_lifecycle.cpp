@@ -2,6 +2,7 @@
 
 #include "converter/converter_window.h"
 #include "core/evaluate.h"
+#include "memory/clear_erase.h"
 #include "shell/display_options.h"
 #include "shell/placement.h"
 #include "shell/settings_io.h"
@@ -97,6 +98,9 @@ void CalculatorQueryUnload(core::Program& p, int& /*cancel*/, int /*unloadMode*/
 
 void CalculatorUnload(core::Program& p, int& /*cancel*/) {
     WriteSettings(p);
+    // The cells go without a question; the memory window's place was saved
+    // before.
+    memory::EraseMemoryClick(p);
     p.runtime.Unload(*p.Converter);
     p.runtime.Unload(*p.frmTape);
     p.runtime.End();

@@ -70,6 +70,8 @@ forms::Form& MakeMemoryCell(forms::Runtime& runtime) {
     f.SetCaption("Memory");
     f.SetTag("memory");
     f.SetDesignInnerSize(1815, 225);
+    f.SetBackColor(0x808080);
+    f.SetFont(Font{"MS Sans Serif", 8.25, true});
     Control& value = Add(f, "Label1", ControlKind::Label, 270, 0, 1575, 285, "0.");
     value.SetAlignment(Alignment::Right);
     value.SetBorderSingle(true);
@@ -86,7 +88,7 @@ forms::Form& MakeInputPrompt(forms::Runtime& runtime) {
     f.SetDesignInnerSize(3255, 1350);
     Add(f, "Label1", ControlKind::Label, 120, 150, 2895, 225, "Enter a name for this memory cell:");
     Add(f, "txtText1", ControlKind::TextBox, 90, 450, 3075, 285, "Text1");
-    Add(f, "Command1", ControlKind::CommandButton, 90, 840, 1485, 405, "OK");
+    Add(f, "Command1", ControlKind::CommandButton, 90, 840, 1485, 405, "OK").SetDefault(true);
     Add(f, "Command2", ControlKind::CommandButton, 1680, 840, 1485, 405, "Cancel");
     return f;
 }

@@ -5,6 +5,8 @@
 #include "converter/converter_window.h"
 #include "core/evaluate.h"
 #include "core/wire_calculator.h"
+#include "memory/cell_events.h"
+#include "memory/wire_memory.h"
 #include "shell/calculator_lifecycle.h"
 #include "shell/catalogue.h"
 #include "shell/display_options.h"
@@ -20,6 +22,14 @@ LathmarkApp::LathmarkApp(forms::Services services, forms::ScreenInfo screen)
     p.frmTape = &MakeTapeForm(*runtime_);
     p.Converter = &MakeConverter(*runtime_);
     p.MDIForm1 = &MakeMemoryParent(*runtime_);
+    p.frmInput = &MakeInputPrompt(*runtime_);
+    p.NewMemoryForm = [&p, runtime = runtime_.get()]() -> forms::Form& {
+        forms::Form& cell = MakeMemoryCell(*runtime);
+        cell.SetMdiParent(p.MDIForm1);
+        cell.SetInstance(true);
+        memory::WireCell(p, cell);
+        return cell;
+    };
     p.calc = std::make_unique<core::CalculatorView>(*p.Calculator);
     p.tape = std::make_unique<tape::TapeStore>(p.frmTape->GetGrid("Grid1"));
 
@@ -28,6 +38,7 @@ LathmarkApp::LathmarkApp(forms::Services services, forms::ScreenInfo screen)
     WireDisplayOptions(p);
     tape::WireTapeWindow(p);
     converter::WireConverterWindow(p);
+    memory::WireMemory(p);
 }
 
 LathmarkApp::~LathmarkApp() {
@@ -42,6 +53,8 @@ void LathmarkApp::Start() {
 
 void LathmarkApp::MainLoopPass() {
     core::Program& p = *program_;
+    // Between events no handler of a closed cell runs any more.
+    if (!runtime_->InModal()) runtime_->FreeUnloaded();
     forms::Form& calc = *p.Calculator;
     if (runtime_->Ended() || calc.WindowState() != forms::kNormal) return;
     if (calc.Top() == p.CalcTop && calc.Left() == p.CalcLeft) return;
