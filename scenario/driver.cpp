@@ -59,4 +59,40 @@ void Driver::DragOver(forms::Control& source, forms::Control& target, float x, f
     runtime.CancelDrag();
 }
 
+void Driver::ClickForm(forms::Form& form, float x, float y) {
+    form.GetRuntime().PressMouse(form, forms::kLeftButton, 0, x, y);
+    if (form.MouseUp) form.MouseUp(forms::kLeftButton, 0, x, y);
+    if (form.Click) form.Click();
+}
+
+void Driver::DblClickForm(forms::Form& form, float x, float y) {
+    ClickForm(form, x, y);
+    if (form.DblClick) form.DblClick();
+    if (form.MouseUp) form.MouseUp(forms::kLeftButton, 0, x, y);
+}
+
+void Driver::MouseUpForm(forms::Form& form, float x, float y) {
+    if (form.MouseUp) form.MouseUp(forms::kLeftButton, 0, x, y);
+}
+
+void Driver::DblClick(forms::Control& control) {
+    if (control.DblClick) control.DblClick();
+}
+
+void Driver::Activate(forms::Form& form) {
+    form.GetRuntime().Activate(form);
+}
+
+void Driver::AnswerPrompt(forms::Form& prompt, const PromptAnswer& answer) {
+    forms::Control* ok = prompt.Find("Command1");
+    forms::Control* cancel = prompt.Find("Command2");
+    forms::Control* text = prompt.Find("txtText1");
+    if (answer.cancel) {
+        if (cancel && cancel->Click) cancel->Click();
+        return;
+    }
+    if (answer.text && text) text->SetCaption(*answer.text);
+    if (ok && ok->Click) ok->Click();
+}
+
 }  // namespace scenario

@@ -4,10 +4,19 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
+#include <string>
 
 #include "forms/form.h"
 
 namespace scenario {
+
+// How the user answers the name prompt: OK, with the text box as it was
+// proposed or with `text` typed over it, or Cancel.
+struct PromptAnswer {
+    bool cancel = false;
+    std::optional<std::string> text;
+};
 
 class Driver {
   public:
@@ -41,6 +50,22 @@ class Driver {
     // Only the DragOver of `target` at (x, y), in a drag of `source` that is
     // then called off: no MouseDown, no drop.
     virtual void DragOver(forms::Control& source, forms::Control& target, float x, float y);
+
+    // The left button on the form's own area at (x, y) of its inner area:
+    // a click is MouseDown, MouseUp and Click; a double click MouseDown,
+    // MouseUp, Click, DblClick and MouseUp; MouseUp alone is a button let
+    // go there.
+    virtual void ClickForm(forms::Form& form, float x, float y);
+    virtual void DblClickForm(forms::Form& form, float x, float y);
+    virtual void MouseUpForm(forms::Form& form, float x, float y);
+    // A double click on a control: its DblClick.
+    virtual void DblClick(forms::Control& control);
+    // The user makes the form the active window (for a memory cell: the
+    // active one inside its parent).
+    virtual void Activate(forms::Form& form);
+    // The name prompt is up, shown modally: answer it. Returns once the
+    // prompt has gone.
+    virtual void AnswerPrompt(forms::Form& prompt, const PromptAnswer& answer);
 
     // Lets whatever the action set going run to its end.
     virtual void Settle() {}
