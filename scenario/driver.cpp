@@ -75,6 +75,15 @@ void Driver::MouseUpForm(forms::Form& form, float x, float y) {
     if (form.MouseUp) form.MouseUp(forms::kLeftButton, 0, x, y);
 }
 
+void Driver::DragToForm(forms::Control& source, float sourceX, float sourceY,
+                        forms::Form& /*target*/, float /*x*/, float /*y*/) {
+    forms::Runtime& runtime = source.Parent().GetRuntime();
+    runtime.PressMouse(source, forms::kLeftButton, 0, sourceX, sourceY);
+    runtime.DragMove(&source, sourceX, sourceY);
+    runtime.DragMove(nullptr, 0, 0);
+    runtime.Drop(nullptr, 0, 0);
+}
+
 void Driver::DblClick(forms::Control& control) {
     if (control.DblClick) control.DblClick();
 }

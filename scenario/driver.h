@@ -58,6 +58,10 @@ class Driver {
     virtual void ClickForm(forms::Form& form, float x, float y);
     virtual void DblClickForm(forms::Form& form, float x, float y);
     virtual void MouseUpForm(forms::Form& form, float x, float y);
+    // A drag of `source` let go over the own area of `target` at (x, y) of
+    // its inner area, where no control lies: nothing takes it.
+    virtual void DragToForm(forms::Control& source, float sourceX, float sourceY,
+                            forms::Form& target, float x, float y);
     // A double click on a control: its DblClick.
     virtual void DblClick(forms::Control& control);
     // The user makes the form the active window (for a memory cell: the

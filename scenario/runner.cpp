@@ -62,7 +62,7 @@ void Runner::StopApp() {
 
 shell::LathmarkApp& Runner::App() {
     if (!app_) {
-        forms::Services services{&beeper_, &messages_, &settings_};
+        forms::Services services{&beeper_, &messages_, &settings_, &prompts_, &textMeasure_};
         app_ = StartApp(services, screen_);
         // An accuracy chosen before the start acts on the program as well.
         if (accuracyChosen_) app_->Program().AccuracyDenominator = accuracy_;
@@ -210,6 +210,7 @@ bool Runner::KeyCommand(const Words& w) {
 
 bool Runner::ProgramCommand(const Words& w) {
     const std::string& verb = w[0].text;
+    if (FormCommand(w)) return true;
     if (verb == "key" || verb == "keyup") return KeyCommand(w);
     if (verb == "click" && w.size() == 2) {
         auto [name, index] = SplitIndexedName(w[1].text);
@@ -271,7 +272,12 @@ forms::Form* Runner::FindForm(const std::string& name) {
     for (forms::Form* f : {p.Calculator, p.frmTape, p.Converter, p.MDIForm1}) {
         if (f && f->Name() == name) return f;
     }
-    return App().Runtime().FindOpenForm(name);
+    if (forms::Form* f = App().Runtime().FindOpenForm(name)) return f;
+    // Forms that share a name (the memory cells) go by their caption.
+    for (forms::Form* f : App().Runtime().OpenForms()) {
+        if (f->Caption() == name) return f;
+    }
+    return nullptr;
 }
 
 forms::Control* Runner::FindControl(const std::string& name) {
@@ -279,11 +285,7 @@ forms::Control* Runner::FindControl(const std::string& name) {
     forms::Form* form = P().Calculator;
     std::string controlName = name;
     if (dot != std::string::npos) {
-        const std::string formName = name.substr(0, dot);
-        form = FindForm(formName);
-        for (forms::Form* f : App().Runtime().OpenForms()) {
-            if (!form && f->Caption() == formName) form = f;
-        }
+        form = FindForm(name.substr(0, dot));
         if (!form) return nullptr;
         controlName = name.substr(dot + 1);
     }
@@ -428,6 +430,7 @@ void Runner::PrintTape(const Words& w) {
 }
 
 bool Runner::Inspect(const Words& w) {
+    if (MemoryInspect(w)) return true;
     if (ControlInspect(w)) return true;
     const std::string& verb = w[0].text;
     if (verb == "state" && w.size() == 1) {

@@ -2,6 +2,7 @@
 // measurement routines, and prints what the commands report.
 #pragma once
 
+#include <algorithm>
 #include <iosfwd>
 #include <memory>
 #include <string>
@@ -9,6 +10,7 @@
 
 #include "forms/headless_services.h"
 #include "scenario/driver.h"
+#include "scenario/prompt_host.h"
 #include "scenario/scenario_text.h"
 #include "shell/lathmark_app.h"
 
@@ -47,6 +49,9 @@ class Runner {
     bool WindowCommand(const Words& w);
     bool MouseCommand(const Words& w);
     bool ControlInspect(const Words& w);
+    // form_commands.cpp and memory_commands.cpp
+    bool FormCommand(const Words& w);
+    bool MemoryInspect(const Words& w);
     forms::Form* FindForm(const std::string& name);
     // "Form.Control" (the form by its name or its caption), or the plain name
     // of a control of Calculator.
@@ -58,6 +63,13 @@ class Runner {
     forms::CountingBeeper beeper_;
     forms::RecordingMessageBoxes messages_;
     forms::MemorySettingsStore settings_;
+    forms::HalfEmTextMeasure textMeasure_;
+    PromptHost prompts_{[this]() -> Driver& { return GetDriver(); },
+                        [this] {
+                            const auto& band = App().Runtime().TopMostBand();
+                            return std::find(band.begin(), band.end(), P().Calculator) !=
+                                   band.end();
+                        }};
     forms::ScreenInfo screen_;
     std::size_t messagesShown_ = 0;
     std::int16_t accuracy_ = 16;

@@ -33,6 +33,14 @@ std::optional<std::vector<Word>> SplitWords(std::string_view line) {
                 }
             }
             if (!closed) return std::nullopt;
+            if (i < line.size() && line[i] == '.') {
+                // A form named by its caption, then one of its controls:
+                // "Memory 2".Label1.
+                word.quoted = false;
+                while (i < line.size() && line[i] != ' ' && line[i] != '\t' && line[i] != '\r') {
+                    word.text += line[i++];
+                }
+            }
             if (i < line.size() && line[i] != ' ' && line[i] != '\t' && line[i] != '\r') {
                 return std::nullopt;
             }

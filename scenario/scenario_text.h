@@ -14,7 +14,8 @@ struct Word {
 };
 
 // Splits a line into words at blanks; a word in double quotes may hold
-// blanks, with \" for a quote and \\ for a backslash. Empty on a line that
+// blanks, with \" for a quote and \\ for a backslash, and may go on with a
+// dot and a name ("Memory 2".Label1, an unquoted word). Empty on a line that
 // cannot be read (an unclosed quote, a stray backslash).
 std::optional<std::vector<Word>> SplitWords(std::string_view line);
 
