@@ -5,13 +5,11 @@
 
 #include "scenario/runner.h"
 
+#include "scenario/command_words.h"
+
 namespace scenario {
 
 namespace {
-
-std::string Truth(bool b) {
-    return b ? "True" : "False";
-}
 
 bool IsCell(const forms::Form& f) {
     return f.Tag().find("memory") != std::string::npos;
