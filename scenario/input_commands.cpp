@@ -1,7 +1,7 @@
-// The commands of the user at the calculator and its windows: keys, clicks
-// and menu items, captions and geometry set by hand, the right button and
-// drags, window moves, sizes, states and close boxes; and how the commands
-// find forms and controls by name.
+// The commands of the user at the calculator: keys, clicks and menu items,
+// captions and geometry set by hand, activation, answers for the message
+// boxes, the right button and drags; and how the commands find forms and
+// controls by name.
 #include "scenario/runner.h"
 
 #include "scenario/command_words.h"
@@ -144,33 +144,6 @@ bool Runner::MouseCommand(const Words& w) {
         GetDriver().DragOver(*source, *target, ownX, ownY);
     }
     return true;
-}
-
-bool Runner::WindowCommand(const Words& w) {
-    const std::string& verb = w[0].text;
-    if (w.size() < 2) return false;
-    forms::Form* f = FindForm(w[1].text);
-    if (!f) return false;
-    if ((verb == "move" || verb == "resize") && w.size() == 4) {
-        auto a = ParseNumber(w[2].text), b = ParseNumber(w[3].text);
-        if (!a || !b) return false;
-        if (verb == "move") {
-            GetDriver().MoveWindow(*f, *a, *b, f->Width(), f->Height());
-        } else {
-            GetDriver().MoveWindow(*f, f->Left(), f->Top(), *a, *b);
-        }
-        return true;
-    }
-    if (w.size() != 2) return false;
-    if (verb == "minimize" || verb == "restore") {
-        GetDriver().SetWindowState(*f, verb == "minimize" ? forms::kMinimized : forms::kNormal);
-        return true;
-    }
-    if (verb == "close") {
-        GetDriver().CloseWindow(*f);
-        return true;
-    }
-    return false;
 }
 
 }  // namespace scenario

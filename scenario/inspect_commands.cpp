@@ -53,8 +53,6 @@ bool Runner::ControlInspect(const Words& w) {
     return false;
 }
 
-// What the user does to a window through the window system.
-
 void Runner::PrintState() {
     const core::CalcState& s = P().state;
     out_ << "FirstValue = " << Slot(s.FirstValue) << "\n"

@@ -1,3 +1,5 @@
+// The runner's start and stop of the program, the reading of the lines and
+// the handing of each command to its family.
 #include "scenario/runner.h"
 
 #include <istream>
