@@ -21,8 +21,10 @@ void GrowUntilScreen(core::Program& p, std::int16_t& columns, std::int16_t& rows
                      std::int16_t count, double rowHeight) {
     const forms::ScreenInfo& screen = p.runtime.Screen();
     for (;;) {
+        // A product past 32,767 holds more cells than a count can be.
         auto cells = Times(columns, rows);
-        if (cells && *cells >= count) break;
+        if (!cells || *cells >= count) break;
+        const std::int16_t columnsBefore = columns, rowsBefore = rows;
         if (columns > rows) {
             auto wide = Times(columns + 2, p.MemoryWidth);
             if (!wide || *wide < screen.width) {
@@ -39,7 +41,7 @@ void GrowUntilScreen(core::Program& p, std::int16_t& columns, std::int16_t& rows
             }
         }
         // At the end of the 16-bit range nothing grows any more.
-        if (columns == 32767 && rows == 32767) break;
+        if (columns == columnsBefore && rows == rowsBefore) break;
     }
 }
 
