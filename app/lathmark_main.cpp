@@ -8,6 +8,8 @@
 #include "qtbind/qt_beeper.h"
 #include "qtbind/qt_binding.h"
 #include "qtbind/qt_message_boxes.h"
+#include "qtbind/qt_modal_host.h"
+#include "qtbind/qt_text_measure.h"
 #include "qtbind/screen_info.h"
 #include "shell/lathmark_app.h"
 
@@ -26,10 +28,15 @@ int main(int argc, char** argv) {
     forms::FileSettingsStore settings(forms::FileSettingsStore::DefaultPath());
     qtbind::QtBeeper beeper;
     qtbind::QtMessageBoxes messages;
+    // The binding made below finds the modal host among the services.
+    qtbind::QtModalHost modal;
+    qtbind::QtTextMeasure textMeasure(scale);
     forms::Services services;
     services.beeper = &beeper;
     services.messages = &messages;
     services.settings = &settings;
+    services.modal = &modal;
+    services.textMeasure = &textMeasure;
 
     shell::LathmarkApp app(services, qtbind::ScreenInfoOf(screen));
     qtbind::QtBinding binding(app, scale);

@@ -5,6 +5,7 @@
 #include <QLineEdit>
 #include <QPushButton>
 
+#include "forms/form.h"
 #include "forms/grid.h"
 #include "qtbind/font_map.h"
 #include "qtbind/grid_view.h"
@@ -66,6 +67,8 @@ QWidget* ControlView::MakeWidget(QWidget* parent) {
             } else {
                 auto* plain = new QPushButton(parent);
                 plain->setAutoDefault(false);
+                // Drawn as the default button; the text box presses it.
+                plain->setDefault(control_->IsDefault());
                 button = plain;
             }
             QObject::connect(button, &QAbstractButton::clicked, button, [this] {
@@ -84,6 +87,15 @@ QWidget* ControlView::MakeWidget(QWidget* parent) {
                 settingText_ = true;
                 control_->SetCaption(text.toStdString());
                 settingText_ = false;
+            });
+            // Enter in the text box presses the form's default button.
+            QObject::connect(edit, &QLineEdit::returnPressed, edit, [this] {
+                if (!control_ || !clicked_) return;
+                for (const auto& c : control_->Parent().Controls()) {
+                    if (!c->IsDefault() || !c->Visible() || !c->Enabled()) continue;
+                    clicked_(*c);
+                    return;
+                }
             });
             return edit;
         }
@@ -168,8 +180,21 @@ void ControlView::ApplyCaption() {
             break;
         }
         case forms::ControlKind::TextBox: {
+            if (settingText_) break;
             auto* edit = static_cast<QLineEdit*>(widget_);
-            if (!settingText_ && edit->text() != caption) edit->setText(caption);
+            const bool newText = edit->text() != caption;
+            if (newText) edit->setText(caption);
+            // The program's selection, where it set one; the user's own stays
+            // while the program leaves it alone.
+            const std::pair<int, int> selection{control_->SelStart(), control_->SelLength()};
+            if (newText || selection != appliedSelection_) {
+                appliedSelection_ = selection;
+                if (selection.second > 0) {
+                    edit->setSelection(selection.first, selection.second);
+                } else {
+                    edit->setCursorPosition(selection.first);
+                }
+            }
             break;
         }
         default:

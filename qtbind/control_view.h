@@ -7,6 +7,7 @@
 
 #include <QWidget>
 #include <functional>
+#include <utility>
 
 #include "forms/control.h"
 #include "qtbind/pixel_scale.h"
@@ -41,6 +42,7 @@ class ControlView {
     std::function<void(forms::Control&)> clicked_;
     QWidget* widget_ = nullptr;
     bool settingText_ = false;
+    std::pair<int, int> appliedSelection_{0, 0};  // of a text box: start and length
 };
 
 }  // namespace qtbind

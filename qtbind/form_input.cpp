@@ -2,7 +2,9 @@
 
 #include <QAbstractButton>
 #include <QApplication>
+#include <QGuiApplication>
 #include <QKeyEvent>
+#include <QLineEdit>
 #include <QMenuBar>
 #include <QMouseEvent>
 #include <QWidget>
@@ -27,6 +29,14 @@ int ButtonNumber(Qt::MouseButton button) {
     }
 }
 
+// A button keeps its left button, to be clicked, and a text box every
+// press, to place the cursor and select; any other press ends at the
+// control it was meant for and never reaches the form beneath it.
+bool WidgetActsOnMouse(const QWidget* widget, Qt::MouseButton button) {
+    if (qobject_cast<const QLineEdit*>(widget)) return true;
+    return qobject_cast<const QAbstractButton*>(widget) && button == Qt::LeftButton;
+}
+
 bool IsTab(const QKeyEvent& event) {
     return event.key() == Qt::Key_Tab || event.key() == Qt::Key_Backtab;
 }
@@ -42,6 +52,14 @@ void FormInput::Watch(QWidget* widget, forms::Control* control, bool keysOnly) {
     widget->installEventFilter(this);
     QObject::connect(widget, &QObject::destroyed, this,
                      [this](QObject* gone) { watched_.erase(gone); });
+}
+
+void FormInput::Detach() {
+    form_ = nullptr;
+    if (heldForRelease_ && QWidget::mouseGrabber() == heldForRelease_) {
+        heldForRelease_->releaseMouse();
+    }
+    heldForRelease_ = nullptr;
 }
 
 bool FormInput::FormHasKeys() const {
@@ -80,8 +98,11 @@ bool FormInput::eventFilter(QObject* watched, QEvent* event) {
         case QEvent::MouseButtonPress:
             return MousePressed(static_cast<QWidget*>(watched), control,
                                 static_cast<QMouseEvent&>(*event));
+        case QEvent::MouseButtonRelease:
+            return MouseReleased(static_cast<QWidget*>(watched), control,
+                                 static_cast<QMouseEvent&>(*event));
         case QEvent::MouseButtonDblClick:
-            return DoubleClicked(control);
+            return DoubleClicked(static_cast<QWidget*>(watched), control);
         case QEvent::FocusIn:
             FocusGained(control);
             return false;
@@ -130,6 +151,11 @@ bool FormInput::MousePressed(QWidget* widget, forms::Control* control, QMouseEve
     const QPointF at = event.position();
     const auto x = static_cast<float>(scale_.ToTwipsX(static_cast<int>(at.x())));
     const auto y = static_cast<float>(scale_.ToTwipsY(static_cast<int>(at.y())));
+    if (event.button() == Qt::LeftButton) leftPressedOn_ = widget;
+    if (pressHook_) {
+        pressHook_();
+        if (!form_ || form_->GetRuntime().Ended()) return true;
+    }
     // Through the runtime, which begins the drag of a control that drags
     // automatically once its MouseDown has chosen the icon.
     forms::Runtime& runtime = form_->GetRuntime();
@@ -139,13 +165,32 @@ bool FormInput::MousePressed(QWidget* widget, forms::Control* control, QMouseEve
         runtime.PressMouse(*form_, button, shift, x, y);
     }
     if (afterEvent_) afterEvent_();
-    // A button keeps its left press, to be clicked; any other press ends at
-    // the control it was meant for and never reaches the form beneath it.
-    const bool isButton = qobject_cast<QAbstractButton*>(widget) != nullptr;
-    return !(isButton && event.button() == Qt::LeftButton);
+    return !WidgetActsOnMouse(widget, event.button());
 }
 
-bool FormInput::DoubleClicked(forms::Control* control) {
+bool FormInput::MouseReleased(QWidget* widget, forms::Control* control, QMouseEvent& event) {
+    const int button = ButtonNumber(event.button());
+    const int shift = ShiftState(event.modifiers());
+    const QPointF at = event.position();
+    const auto x = static_cast<float>(scale_.ToTwipsX(static_cast<int>(at.x())));
+    const auto y = static_cast<float>(scale_.ToTwipsY(static_cast<int>(at.y())));
+    // A click is the left button pressed and let go on the same widget.
+    const bool clicked = event.button() == Qt::LeftButton && leftPressedOn_ == widget &&
+                         widget->rect().contains(at.toPoint());
+    if (event.button() == Qt::LeftButton) leftPressedOn_ = nullptr;
+    if (heldForRelease_ == widget && QWidget::mouseGrabber() == widget) widget->releaseMouse();
+    heldForRelease_ = nullptr;
+    if (control) {
+        if (control->MouseUp) control->MouseUp(button, shift, x, y);
+    } else {
+        if (form_->MouseUp) form_->MouseUp(button, shift, x, y);
+        if (form_ && clicked && form_->Click) form_->Click();
+    }
+    if (afterEvent_) afterEvent_();
+    return !WidgetActsOnMouse(widget, event.button());
+}
+
+bool FormInput::DoubleClicked(QWidget* widget, forms::Control* control) {
     if (control) {
         // A button takes a double click as two clicks, as on its desktop.
         if (control->Kind() == forms::ControlKind::PushButton ||
@@ -156,8 +201,16 @@ bool FormInput::DoubleClicked(forms::Control* control) {
     } else if (form_->DblClick) {
         form_->DblClick();
     }
+    // A handler that put up a modal window (the name prompt) made Qt forget
+    // where the button went down, and the release would reach nobody: the
+    // widget holds the mouse until the button that is still down is let go.
+    if (form_ && widget->isVisible() && !QWidget::mouseGrabber() &&
+        (QGuiApplication::mouseButtons() & Qt::LeftButton)) {
+        widget->grabMouse();
+        heldForRelease_ = widget;
+    }
     if (afterEvent_) afterEvent_();
-    return true;
+    return !WidgetActsOnMouse(widget, Qt::LeftButton);
 }
 
 void FormInput::FocusGained(forms::Control* control) {

@@ -7,9 +7,11 @@
 // widget may then act on the key itself.
 // Mouse: a press is the control's MouseDown (or the form's, on the form's
 // own area), run by the runtime, which then begins the drag of a control
-// that drags automatically; a left click on a button is its Click, a double
-// click on a label, the grid or the form its DblClick. Focus given by the
-// user goes to the model's focus.
+// that drags automatically; letting go is the MouseUp, and on the form's own
+// area, where it was pressed, its Click; a left click on a button is its
+// Click, a double click on a label, the grid or the form its DblClick. So a
+// double click on the form's own area is MouseDown, MouseUp, Click,
+// DblClick and MouseUp. Focus given by the user goes to the model's focus.
 #pragma once
 
 #include <QObject>
@@ -34,7 +36,10 @@ class FormInput : public QObject {
     // when `control` is null. A window watched for keys only keeps its mouse
     // for its own frame.
     void Watch(QWidget* widget, forms::Control* control, bool keysOnly = false);
-    void Detach() { form_ = nullptr; }
+    void Detach();
+    // Runs at every press on any watched widget, before the press is
+    // handled (a memory cell is activated by it).
+    void SetPressHook(std::function<void()> hook) { pressHook_ = std::move(hook); }
     // While set, focus changes are the model's own and are not reported.
     void SetApplyingFocus(bool on) { applyingFocus_ = on; }
 
@@ -47,18 +52,25 @@ class FormInput : public QObject {
     bool KeyPressed(QObject* watched, forms::Control* control, QKeyEvent& event);
     bool KeyReleased(QObject* watched, QKeyEvent& event);
     bool MousePressed(QWidget* widget, forms::Control* control, QMouseEvent& event);
-    bool DoubleClicked(forms::Control* control);
+    bool MouseReleased(QWidget* widget, forms::Control* control, QMouseEvent& event);
+    bool DoubleClicked(QWidget* widget, forms::Control* control);
     void FocusGained(forms::Control* control);
 
     forms::Form* form_;
     PixelScale scale_;
     std::function<void()> afterEvent_;
+    std::function<void()> pressHook_;
     struct Watched {
         forms::Control* control;
         bool keysOnly;
     };
     std::unordered_map<const QObject*, Watched> watched_;
     bool applyingFocus_ = false;
+    // The widget that the left button went down on, until it is let go.
+    const QWidget* leftPressedOn_ = nullptr;
+    // The widget that holds the mouse after a double click, until the
+    // release.
+    QWidget* heldForRelease_ = nullptr;
 };
 
 }  // namespace qtbind

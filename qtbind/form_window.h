@@ -5,27 +5,32 @@
 // pixels. A frameless form draws the model's frame band itself and lets the
 // user drag its edges.
 //
+// A memory cell is no window of the desktop but a widget inside its
+// parent's area, at exactly the model's outer rectangle: it draws its own
+// small frame (ChildFrame) and lets the user move it by its title bar, size
+// it by its edges and close it with its close box.
+//
 // Every change the user makes (a move, a drag of the frame, the close box,
-// minimising, activation) goes to the model, and every change of the model
-// comes back here through Apply...; geometry the window was given by the
-// program is not reported back as if the user had made it.
+// minimising, maximising, activation) goes to the model, and every change of
+// the model comes back here through Apply...; geometry the window was given
+// by the program is not reported back as if the user had made it.
 #pragma once
 
 #include <QWidget>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <unordered_map>
 #include <vector>
 
 #include "forms/form.h"
 #include "qtbind/applied_geometry.h"
+#include "qtbind/child_frame.h"
 #include "qtbind/frame_drag.h"
 #include "qtbind/menu_bridge.h"
 #include "qtbind/pixel_scale.h"
 #include "qtbind/window_style.h"
 
-class QMdiArea;
-class QMdiSubWindow;
 class QMenuBar;
 
 namespace qtbind {
@@ -37,32 +42,40 @@ class FormSurface;
 struct WindowCallbacks {
     std::function<void()> afterEvent;  // after every event that reached the model
     std::function<void()> shown;       // after the window came on screen
+    // The window system made the window active although it was shown
+    // without taking the activation: the activation goes back to where the
+    // model has it.
+    std::function<void()> activationRefused;
 };
 
 class FormWindow : public QWidget {
   public:
     // A memory cell needs the area of its parent window to live in.
     FormWindow(forms::Form& form, const PixelScale& scale, WindowCallbacks callbacks,
-               QMdiArea* parentArea = nullptr);
+               QWidget* parentArea = nullptr);
     ~FormWindow() override;
 
     forms::Form* Form() const { return form_; }
     Hosting GetHosting() const { return hosting_; }
-    // The widget that the desktop moves: the window, or a child's frame.
-    QWidget* Frame();
-    QMdiArea* MdiArea() const { return mdiArea_; }
+    // The widget that the desktop moves: the window itself (for a memory
+    // cell, the widget that draws its frame).
+    QWidget* Frame() { return this; }
     QMenuBar* MenuBar() const { return menuBar_; }
+    // The inner area, where the controls (and a parent's cells) lie.
     FormSurface* Surface() const { return surface_; }
     QWidget* WidgetFor(const forms::Control& control) const;
     // The control that `widget` shows, or that holds it; nullptr for a
     // widget of no control of this form (the form's own area, its frame).
     forms::Control* ControlOf(const QWidget* widget) const;
     const MenuBridge& Menus() const { return menus_; }
+    // Of a memory cell: where its title bar and its close box lie.
+    std::optional<QRect> TitleBar() const;
+    std::optional<QRect> CloseBox() const;
 
     // Where the desktop puts Frame() for an outer rectangle of the model in
     // twips: the frame's position, and the size of the window's client area
-    // (or, for a memory cell, of its whole frame). It is what the window
-    // system reports once the user has put the window there.
+    // (or, for a window that draws its own frame, of the whole). It is what
+    // the window system reports once the user has put the window there.
     struct Placement {
         QPoint position;
         QSize size;
@@ -73,6 +86,13 @@ class FormWindow : public QWidget {
     void ApplyControl(const forms::Control& control);
     void ApplyMenu(const forms::MenuItem& item) { menus_.Apply(item); }
     void ApplyFocus(const forms::Control& control);
+    // Brings a window that the program showed on screen at once, rather
+    // than once the statement that showed it is over (a modal form, which
+    // must be up before its loop runs).
+    void ShowNow();
+    // A memory cell that is the active one inside its parent shows its
+    // title bar in the active colours.
+    void SetTitleActive(bool active);
     // The form is unloaded: nothing of the model is touched from now on.
     void Detach();
     // A sunken frame two pixels around the control, drawn on the form.
@@ -87,21 +107,24 @@ class FormWindow : public QWidget {
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
-    bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
     void BuildControls();
     void ApplyGeometry();
     void ApplyVisible();
     void ApplyWindowState();
-    void ShowNow();
     void LayoutChildren();
-    int MenuBarHeight() const { return menuBarHeight_; }
-    QPoint FramePosition();
-    QSize ClientSize() const;
+    bool DrawsOwnFrame() const {
+        return hosting_ == Hosting::Frameless || hosting_ == Hosting::MdiChild;
+    }
+    // Pixels that still say what the model has keep the model's own twips,
+    // so that rounding never reads as a move.
+    double TwipsX(int pixels, double model) const;
+    double TwipsY(int pixels, double model) const;
     void ReportGeometry();
     void ReportDrag(const QRect& outer);
     void RequestClose();
+    void ActivateChild();
     void AfterEvent();
     bool ModelGone() const;
 
@@ -112,17 +135,21 @@ class FormWindow : public QWidget {
     QMenuBar* menuBar_ = nullptr;
     int menuBarHeight_ = 0;
     FormSurface* surface_ = nullptr;
-    QMdiArea* mdiArea_ = nullptr;
-    QMdiSubWindow* subWindow_ = nullptr;
     FormInput* input_ = nullptr;
     MenuBridge menus_;
     std::vector<std::unique_ptr<ControlView>> views_;
     std::unordered_map<const forms::Control*, ControlView*> viewOf_;
     std::unordered_map<const QWidget*, forms::Control*> controlOf_;
+    std::optional<ChildFrame> childFrame_;
     FrameDrag drag_;
     AppliedGeometry applied_;
     int applying_ = 0;  // depth of the program's own changes under way
     bool showPending_ = false;
+    bool titleActive_ = false;
+    bool closePressed_ = false;
+    // The activation that the platform gives a window with its show, asked
+    // for or not.
+    bool showActivationComing_ = false;
 };
 
 }  // namespace qtbind

@@ -28,12 +28,21 @@ Qt::CursorShape FrameDrag::CursorFor(Qt::Edges edges) {
 
 void FrameDrag::Begin(Qt::Edges edges, const QPoint& globalPos, const QRect& geometry) {
     edges_ = edges;
+    moving_ = false;
+    start_ = globalPos;
+    geometry_ = geometry;
+}
+
+void FrameDrag::BeginMove(const QPoint& globalPos, const QRect& geometry) {
+    edges_ = Qt::Edges();
+    moving_ = true;
     start_ = globalPos;
     geometry_ = geometry;
 }
 
 QRect FrameDrag::Update(const QPoint& globalPos) const {
     const QPoint d = globalPos - start_;
+    if (moving_) return geometry_.translated(d);
     const int minimum = 2 * band_;
     int left = geometry_.left(), top = geometry_.top();
     int right = geometry_.left() + geometry_.width();

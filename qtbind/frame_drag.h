@@ -1,6 +1,6 @@
-// The drag of a window's edges by hand, for a window that draws its own
-// sizing frame: which edges lie under the mouse, the cursor that says so,
-// and the rectangle that the drag asks for as the mouse moves.
+// The drag of a window's edges or of its title bar by hand, for a window
+// that draws its own frame: which edges lie under the mouse, the cursor that
+// says so, and the rectangle that the drag asks for as the mouse moves.
 #pragma once
 
 #include <QCursor>
@@ -20,16 +20,23 @@ class FrameDrag {
     Qt::Edges EdgesAt(const QPoint& local, const QSize& size) const;
     static Qt::CursorShape CursorFor(Qt::Edges edges);
 
+    // Sizing: the edges held follow the mouse.
     void Begin(Qt::Edges edges, const QPoint& globalPos, const QRect& geometry);
-    bool Active() const { return edges_ != Qt::Edges(); }
-    // The geometry asked for with the mouse at `globalPos`: the edges held
-    // move with it, the others stay.
+    // Moving by the title bar: the whole rectangle follows the mouse.
+    void BeginMove(const QPoint& globalPos, const QRect& geometry);
+    bool Active() const { return moving_ || edges_ != Qt::Edges(); }
+    bool Moving() const { return moving_; }
+    // The geometry asked for with the mouse at `globalPos`.
     QRect Update(const QPoint& globalPos) const;
-    void End() { edges_ = Qt::Edges(); }
+    void End() {
+        edges_ = Qt::Edges();
+        moving_ = false;
+    }
 
   private:
     int band_;
     Qt::Edges edges_;
+    bool moving_ = false;
     QPoint start_;
     QRect geometry_;
 };

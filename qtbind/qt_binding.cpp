@@ -5,11 +5,12 @@
 #include <QCoreApplication>
 #include <QCursor>
 #include <QGuiApplication>
-#include <QMdiArea>
 #include <QMenu>
 
 #include "qtbind/drag_tracker.h"
+#include "qtbind/form_surface.h"
 #include "qtbind/form_window.h"
+#include "qtbind/qt_modal_host.h"
 #include "qtbind/screen_info.h"
 #include "qtbind/window_style.h"
 #include "shell/lathmark_app.h"
@@ -19,7 +20,8 @@ namespace qtbind {
 QtBinding::QtBinding(shell::LathmarkApp& app)
     : QtBinding(app, ScaleOf(QGuiApplication::primaryScreen())) {}
 
-QtBinding::QtBinding(shell::LathmarkApp& app, const PixelScale& scale) : app_(app), scale_(scale) {
+QtBinding::QtBinding(shell::LathmarkApp& app, const PixelScale& scale)
+    : app_(app), scale_(scale), queue_(std::make_unique<QObject>()) {
     DragTracker::Hooks hooks;
     hooks.widgetFor = [this](const forms::Control& control) { return WidgetFor(control); };
     hooks.controlAt = [this](const QPoint& global, QPoint& local) {
@@ -27,19 +29,25 @@ QtBinding::QtBinding(shell::LathmarkApp& app, const PixelScale& scale) : app_(ap
     };
     hooks.afterEvent = [this] { AfterEvent(); };
     drag_ = std::make_unique<DragTracker>(app_.Runtime(), scale_, std::move(hooks));
+    // The desktop's modal loop needs to hear when its form goes.
+    modalHost_ = dynamic_cast<QtModalHost*>(app_.Runtime().GetServices().modal);
+    if (modalHost_) modalHost_->SetBinding(this);
     app_.Runtime().SetObserver(this);
 }
 
 QtBinding::~QtBinding() {
     // A drag under way lets the mouse and the cursor go.
     drag_.reset();
+    if (modalHost_) modalHost_->SetBinding(nullptr);
     if (app_.Runtime().Observer() == this) app_.Runtime().SetObserver(nullptr);
     for (auto& [form, window] : windows_) window->Detach();
     // A memory cell goes with the parent window that holds it.
+    std::vector<FormWindow*> windows;
     for (auto& [form, window] : windows_) {
-        if (window->GetHosting() != Hosting::MdiChild) delete window;
+        if (window->GetHosting() != Hosting::MdiChild) windows.push_back(window);
     }
     windows_.clear();
+    for (FormWindow* window : windows) delete window;
     for (QPointer<QWidget>& frame : retired_) delete frame.data();
 }
 
@@ -55,13 +63,13 @@ QWidget* QtBinding::WidgetFor(const forms::Control& control) const {
 
 forms::Control* QtBinding::ControlAt(const QPoint& globalPos, QPoint* local) const {
     QWidget* widget = QApplication::widgetAt(globalPos);
-    if (!widget) return nullptr;
-    // A memory cell's window lies inside its parent's: the cell's own
-    // window knows the control.
-    for (const auto& [form, window] : windows_) {
-        if (window != widget && !window->isAncestorOf(widget)) continue;
+    // The nearest form's window around the widget knows the control: a
+    // memory cell's, not that of the parent that holds the cell.
+    for (QWidget* w = widget; w; w = w->parentWidget()) {
+        auto* window = dynamic_cast<FormWindow*>(w);
+        if (!window) continue;
         forms::Control* control = window->ControlOf(widget);
-        if (!control) continue;
+        if (!control) return nullptr;
         if (local) *local = window->WidgetFor(*control)->mapFromGlobal(globalPos);
         return control;
     }
@@ -80,6 +88,12 @@ std::optional<std::string> QtBinding::DragCursorPicture() const {
     return drag_ ? drag_->Picture() : std::nullopt;
 }
 
+FormWindow* QtBinding::ShowNow(forms::Form& form) {
+    FormWindow* window = EnsureWindow(form);
+    if (window) window->ShowNow();
+    return window;
+}
+
 void QtBinding::AfterEvent() {
     // The main loop polls the calculator's place between events; a pass that
     // itself moves windows must not start another.
@@ -96,19 +110,18 @@ FormWindow* QtBinding::EnsureWindow(forms::Form& form) {
 }
 
 FormWindow* QtBinding::MakeWindow(forms::Form& form) {
-    QMdiArea* area = nullptr;
+    QWidget* area = nullptr;
     if (HostingOf(form) == Hosting::MdiChild) {
-        // A cell lives inside the memory parent, which is made for it, hidden
-        // if it is hidden.
-        for (forms::Form* open : app_.Runtime().OpenForms()) {
-            if (HostingOf(*open) != Hosting::MdiParent) continue;
-            if (FormWindow* parent = EnsureWindow(*open)) area = parent->MdiArea();
-            break;
-        }
+        // A cell lives inside its parent's area; the parent's window is made
+        // for it, hidden if the parent is hidden.
+        FormWindow* parent = form.MdiParent() ? EnsureWindow(*form.MdiParent()) : nullptr;
+        if (!parent) return nullptr;
+        area = parent->Surface();
     }
     WindowCallbacks callbacks;
     callbacks.afterEvent = [this] { AfterEvent(); };
     callbacks.shown = [this] { Restack(); };
+    callbacks.activationRefused = [this] { ScheduleActivation(); };
     auto* window = new FormWindow(form, scale_, std::move(callbacks), area);
     windows_[&form] = window;
     Decorate(form, *window);
@@ -147,6 +160,7 @@ void QtBinding::FormChanged(forms::Form& form) {
     } else if (form.Visible()) {
         EnsureWindow(form);
     }
+    if (modalHost_ && !form.Visible()) modalHost_->FormGone(form);
 }
 
 void QtBinding::FormUnloaded(forms::Form& form) {
@@ -154,6 +168,8 @@ void QtBinding::FormUnloaded(forms::Form& form) {
     if (found == windows_.end()) return;
     FormWindow* window = found->second;
     windows_.erase(found);
+    if (modalHost_) modalHost_->FormGone(form);
+    if (activeChild_ == window) activeChild_ = nullptr;
     // The model's form may be dropped right after this; the window forgets
     // it at once and goes when the event that unloaded it is over.
     window->Detach();
@@ -174,6 +190,49 @@ void QtBinding::MenuChanged(forms::MenuItem& item) {
 void QtBinding::FocusChanged(forms::Control* control) {
     if (!control) return;
     if (FormWindow* window = WindowFor(control->Parent())) window->ApplyFocus(*control);
+    // The keys go where the focus is: its window must be the active one.
+    ScheduleActivation();
+}
+
+void QtBinding::ActiveFormChanged(forms::Form& form) {
+    if (form.MdiParent()) {
+        // The active cell comes in front of the others and shows it.
+        FormWindow* window = WindowFor(form);
+        if (activeChild_ && activeChild_ != window) activeChild_->SetTitleActive(false);
+        activeChild_ = window;
+        if (window) {
+            window->raise();
+            window->SetTitleActive(true);
+        }
+    }
+    ScheduleActivation();
+}
+
+void QtBinding::ScheduleActivation() {
+    if (activationPending_) return;
+    activationPending_ = true;
+    QMetaObject::invokeMethod(
+        queue_.get(),
+        [this] {
+            activationPending_ = false;
+            Activate();
+        },
+        Qt::QueuedConnection);
+}
+
+void QtBinding::Activate() {
+    if (app_.Ended()) return;
+    forms::Form* active = app_.Runtime().ActiveForm();
+    if (!active) return;
+    // A cell is active inside its parent, and the parent's window on the
+    // desktop.
+    forms::Form& top = active->MdiParent() ? *active->MdiParent() : *active;
+    FormWindow* window = WindowFor(top);
+    if (!window || !window->isVisible() || window->isMinimized()) return;
+    if (QApplication::activeWindow() == window) return;
+    // A modal window keeps the activation while it is up.
+    if (QWidget* modal = QApplication::activeModalWidget(); modal && modal != window) return;
+    window->activateWindow();
 }
 
 void QtBinding::TopMostChanged() {
@@ -197,6 +256,7 @@ void QtBinding::DragEnded() {
 }
 
 void QtBinding::ProgramEnded() {
+    if (modalHost_) modalHost_->EndAll();
     for (auto& [form, window] : windows_) {
         window->Detach();
         window->Frame()->hide();

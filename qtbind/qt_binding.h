@@ -5,6 +5,11 @@
 //
 // Windows are made on demand, when a form is first shown; a form loaded
 // hidden costs nothing until then.
+//
+// The active window follows the model: whenever the program makes a form
+// active (or gives the focus to a control of a form that is not), the
+// window of that form is activated once the event is over; for a memory
+// cell, the parent's window, with the cell raised inside it.
 #pragma once
 
 #include <QPoint>
@@ -35,6 +40,7 @@ namespace qtbind {
 
 class DragTracker;
 class FormWindow;
+class QtModalHost;
 
 class QtBinding : public forms::RuntimeObserver {
   public:
@@ -59,6 +65,9 @@ class QtBinding : public forms::RuntimeObserver {
     // The picture that the mouse cursor shows while a drag lasts
     // ("Image1".."Image5", or "" for the design icon); nothing without one.
     std::optional<std::string> DragCursorPicture() const;
+    // Puts the window of a form that the program just showed on screen at
+    // once (a modal form, before its loop runs); nullptr without one.
+    FormWindow* ShowNow(forms::Form& form);
 
     // One pass of the main loop, after every event that reached the model:
     // the tape follows the calculator wherever it went.
@@ -70,6 +79,7 @@ class QtBinding : public forms::RuntimeObserver {
     void ControlChanged(forms::Control& control) override;
     void MenuChanged(forms::MenuItem& item) override;
     void FocusChanged(forms::Control* control) override;
+    void ActiveFormChanged(forms::Form& form) override;
     void TopMostChanged() override;
     void PopupMenuRequested(forms::MenuItem& menu) override;
     void DragStarted(forms::Control& source) override;
@@ -82,6 +92,10 @@ class QtBinding : public forms::RuntimeObserver {
     FormWindow* MakeWindow(forms::Form& form);
     void Restack();
     void Decorate(forms::Form& form, FormWindow& window);
+    // Activates the window of the model's active form once the event that
+    // changed it is over; several changes in one event make one activation.
+    void ScheduleActivation();
+    void Activate();
 
     shell::LathmarkApp& app_;
     PixelScale scale_;
@@ -90,6 +104,13 @@ class QtBinding : public forms::RuntimeObserver {
     std::vector<QPointer<QWidget>> retired_;
     bool inMainLoopPass_ = false;
     std::unique_ptr<DragTracker> drag_;
+    // The receiver of the binding's own queued calls.
+    std::unique_ptr<QObject> queue_;
+    bool activationPending_ = false;
+    // The memory cell shown as the active one inside its parent.
+    QPointer<FormWindow> activeChild_;
+    // The desktop's modal loop, when the program runs on it.
+    QtModalHost* modalHost_ = nullptr;
 };
 
 }  // namespace qtbind

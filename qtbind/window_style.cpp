@@ -23,10 +23,9 @@ Hosting HostingOf(const forms::Form& form) {
 }
 
 Qt::WindowFlags FlagsFor(const forms::Form& form) {
-    if (HostingOf(form) == Hosting::MdiChild) {
-        return Qt::SubWindow | Qt::CustomizeWindowHint | Qt::WindowTitleHint |
-               Qt::WindowCloseButtonHint;
-    }
+    // A memory cell is a plain widget inside its parent's area, which draws
+    // its small frame itself.
+    if (HostingOf(form) == Hosting::MdiChild) return Qt::Widget;
     Qt::WindowFlags flags = Qt::WindowStaysOnTopHint;
     switch (form.Border()) {
         case forms::BorderStyle::FixedSingle:
@@ -60,8 +59,11 @@ bool HasFixedSize(const forms::Form& form) {
 }
 
 bool ShowsWithoutActivating(const forms::Form& form) {
+    // The memory window comes up with a new cell while the user goes on
+    // typing into the calculator.
     return form.Border() == forms::BorderStyle::SizableNoTitle ||
-           form.Border() == forms::BorderStyle::SizableToolWindow;
+           form.Border() == forms::BorderStyle::SizableToolWindow ||
+           form.Border() == forms::BorderStyle::Sizable;
 }
 
 }  // namespace qtbind

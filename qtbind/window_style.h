@@ -14,7 +14,7 @@ enum class Hosting {
     TopLevel,   // a window of its own, framed by the window manager
     Frameless,  // a window of its own that draws its frame itself
     MdiParent,  // a window whose inner area holds child windows
-    MdiChild,   // a child window inside the parent's inner area
+    MdiChild,   // a widget inside the parent's inner area, with a frame of its own
 };
 
 Hosting HostingOf(const forms::Form& form);
@@ -23,8 +23,8 @@ Hosting HostingOf(const forms::Form& form);
 Qt::WindowFlags FlagsFor(const forms::Form& form);
 // Fixed borders cannot be sized by the user.
 bool HasFixedSize(const forms::Form& form);
-// A tool window or the tape must not take the activation from the
-// calculator when it is shown.
+// A tool window, the tape or the memory window must not take the
+// activation from the calculator when it is shown.
 bool ShowsWithoutActivating(const forms::Form& form);
 
 }  // namespace qtbind

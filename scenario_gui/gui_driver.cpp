@@ -5,6 +5,8 @@
 #include <QApplication>
 #include <QCursor>
 #include <QKeyEvent>
+#include <QLineEdit>
+#include <QPointer>
 #include <QTest>
 #include <QWidget>
 #include <QWindow>
@@ -91,9 +93,8 @@ const std::map<std::int16_t, Stroke>& KeysByCode() {
 qtbind::FormWindow* GuiDriver::WindowOnScreen(const forms::Form& form) const {
     if (!binding_) return nullptr;
     qtbind::FormWindow* window = binding_->WindowFor(form);
-    if (!window) return nullptr;
-    QWidget* frame = window->Frame();
-    if (!frame->isVisible() || frame->isMinimized()) return nullptr;
+    // A cell is visible only while its parent's window is.
+    if (!window || !window->isVisible() || window->window()->isMinimized()) return nullptr;
     return window;
 }
 
@@ -163,166 +164,49 @@ void GuiDriver::MenuClick(forms::MenuItem& item) {
     action->trigger();
 }
 
-void GuiDriver::MoveWindow(forms::Form& form, double left, double top, double width,
-                           double height) {
-    qtbind::FormWindow* window = WindowOnScreen(form);
-    if (!window) {
-        // Nobody can take hold of a window that is not on screen; the
-        // scenario's move reaches the model as the window system's report
-        // would, with no real window to carry it.
-        model_.MoveWindow(form, left, top, width, height);
+void GuiDriver::AnswerPrompt(forms::Form& prompt, const PromptAnswer& answer) {
+    // The prompt's window comes up first: it was shown modally a moment ago.
+    Settle();
+    if (answer.cancel) {
+        if (forms::Control* cancel = prompt.Find("Command2")) Click(*cancel);
         return;
     }
-    // The window system moves and sizes the window and tells the binding,
-    // which reports to the model what the user did. A fixed frame keeps its
-    // size, whatever the scenario asks.
-    const auto placement = window->PlacementFor(left, top, width, height);
-    QWidget* frame = window->Frame();
-    if (frame->pos() != placement.position) frame->move(placement.position);
-    if (frame->size() != placement.size) frame->resize(placement.size);
-}
-
-void GuiDriver::SetWindowState(forms::Form& form, std::int16_t state) {
-    qtbind::FormWindow* window = binding_ ? binding_->WindowFor(form) : nullptr;
-    QWidget* frame = window ? window->Frame() : nullptr;
-    if (!frame || !frame->isVisible()) {
-        model_.SetWindowState(form, state);
+    qtbind::FormWindow* window = WindowOnScreen(prompt);
+    forms::Control* box = prompt.Find("txtText1");
+    auto* edit = window && box ? qobject_cast<QLineEdit*>(window->WidgetFor(*box)) : nullptr;
+    QWindow* handle = edit ? window->windowHandle() : nullptr;
+    const std::string text = answer.text.value_or("");
+    std::vector<Stroke> strokes;
+    for (char c : text) {
+        const auto stroke = StrokeFor(static_cast<std::int16_t>(static_cast<unsigned char>(c)));
+        if (stroke) strokes.push_back(*stroke);
+    }
+    if (!handle || strokes.size() != text.size()) {
+        // No window to type into, or a name that no keys type.
+        Driver::AnswerPrompt(prompt, answer);
         return;
     }
-    // The buttons of the title bar.
-    if (state == forms::kMinimized) {
-        frame->showMinimized();
-    } else if (state == forms::kMaximized) {
-        frame->showMaximized();
-    } else {
-        frame->showNormal();
+    // The activation of the window gives its text box the focus; where the
+    // platform gave it none, the box takes it as the window would.
+    if (window->focusWidget() != edit) edit->setFocus(Qt::ActiveWindowFocusReason);
+    if (answer.text) {
+        // The proposed text is selected: the first key types over it, and
+        // an empty answer is the selection deleted.
+        if (strokes.empty()) strokes.push_back({Qt::Key_Delete, QString(), Qt::NoModifier});
+        for (const Stroke& s : strokes) {
+            QTest::sendKeyEvent(QTest::Press, handle, s.key, s.text, s.modifiers);
+            QTest::sendKeyEvent(QTest::Release, handle, s.key, s.text, s.modifiers);
+        }
     }
-}
-
-void GuiDriver::CloseWindow(forms::Form& form) {
-    qtbind::FormWindow* window = binding_ ? binding_->WindowFor(form) : nullptr;
-    QWidget* frame = window ? window->Frame() : nullptr;
-    if (!frame || !frame->isVisible()) {
-        model_.CloseWindow(form);
-        return;
+    // Enter presses OK, the default button. The prompt goes with the press,
+    // and its window soon after: the release belongs to no window of the
+    // program any more.
+    const Stroke enter = *StrokeFor(13);
+    const QPointer<QWindow> alive(handle);
+    QTest::sendKeyEvent(QTest::Press, handle, enter.key, enter.text, enter.modifiers);
+    if (alive && alive->isVisible()) {
+        QTest::sendKeyEvent(QTest::Release, handle, enter.key, enter.text, enter.modifiers);
     }
-    // The close box: the window system asks the window to close.
-    frame->close();
-}
-
-std::optional<GuiDriver::Pointer> GuiDriver::PointerOn(QWidget* widget, const QPoint& local) const {
-    QWidget* top = widget->window();
-    QWindow* handle = top->windowHandle();
-    if (!handle) return std::nullopt;
-    return Pointer{handle, widget->mapTo(top, local), widget->mapToGlobal(local)};
-}
-
-std::optional<GuiDriver::Pointer> GuiDriver::PointerOver(const forms::Control& control, float x,
-                                                         float y) const {
-    if (!binding_ || !WindowOnScreen(control.Parent())) return std::nullopt;
-    QWidget* widget = binding_->WidgetFor(control);
-    if (!widget || !widget->isVisible()) return std::nullopt;
-    const qtbind::PixelScale& scale = binding_->Scale();
-    const QPoint local(scale.ToPixelsX(x), scale.ToPixelsY(y));
-    if (static_cast<float>(scale.ToTwipsX(local.x())) != x ||
-        static_cast<float>(scale.ToTwipsY(local.y())) != y || !widget->rect().contains(local)) {
-        return std::nullopt;
-    }
-    auto pointer = PointerOn(widget, local);
-    // The program must find the same control under the pointer, at the same
-    // place: nothing lies in front of it there.
-    QPoint found;
-    if (!pointer || binding_->ControlAt(pointer->global, &found) != &control || found != local) {
-        return std::nullopt;
-    }
-    return pointer;
-}
-
-void GuiDriver::DismissPopups() {
-    while (QWidget* popup = QApplication::activePopupWidget()) {
-        QTest::keyClick(popup, Qt::Key_Escape);
-        if (QApplication::activePopupWidget() == popup) popup->close();
-    }
-}
-
-void GuiDriver::RightClick(forms::Control& control, float x, float y) {
-    const auto pointer = PointerOver(control, x, y);
-    if (!pointer) {
-        Driver::RightClick(control, x, y);
-        DismissPopups();
-        return;
-    }
-    // The pointer goes there first, so that the menu pops up where it is.
-    QCursor::setPos(pointer->global);
-    QTest::mouseClick(pointer->window, Qt::RightButton, Qt::NoModifier, pointer->at);
-    DismissPopups();
-}
-
-void GuiDriver::RightClickForm(forms::Form& form, float x, float y) {
-    qtbind::FormWindow* window = WindowOnScreen(form);
-    QWidget* surface = window ? window->Surface() : nullptr;
-    std::optional<Pointer> pointer;
-    if (surface && surface->isVisible()) {
-        const qtbind::PixelScale& scale = binding_->Scale();
-        const QPoint local(scale.ToPixelsX(x), scale.ToPixelsY(y));
-        const bool exact = static_cast<float>(scale.ToTwipsX(local.x())) == x &&
-                           static_cast<float>(scale.ToTwipsY(local.y())) == y;
-        if (exact && surface->rect().contains(local)) pointer = PointerOn(surface, local);
-        // No control may lie there.
-        if (pointer && QApplication::widgetAt(pointer->global) != surface) pointer.reset();
-    }
-    if (!pointer) {
-        Driver::RightClickForm(form, x, y);
-        DismissPopups();
-        return;
-    }
-    QCursor::setPos(pointer->global);
-    QTest::mouseClick(pointer->window, Qt::RightButton, Qt::NoModifier, pointer->at);
-    DismissPopups();
-}
-
-void GuiDriver::DragAndDrop(forms::Control& source, float sourceX, float sourceY,
-                            forms::Control& target, float x, float y) {
-    const auto from = PointerOver(source, sourceX, sourceY);
-    const auto to = PointerOver(target, x, y);
-    if (!from || !to) {
-        Driver::DragAndDrop(source, sourceX, sourceY, target, x, y);
-        return;
-    }
-    QCursor::setPos(from->global);
-    // The press begins the drag; the source holds the mouse from then on,
-    // and the moves and the release reach it whichever window they are in.
-    QTest::mousePress(from->window, Qt::LeftButton, Qt::NoModifier, from->at);
-    // A move to where the pointer already is reports nothing: it first
-    // goes a pixel down (or up) and comes back, over the source all along.
-    // (A move to the target that stays where the pointer is would only
-    // repeat the same DragOver.)
-    for (const QPoint step : {QPoint(0, 1), QPoint(0, -1)}) {
-        if (binding_->ControlAt(from->global + step) != &source) continue;
-        QTest::mouseMove(from->window, from->at + step);
-        break;
-    }
-    QTest::mouseMove(from->window, from->at);
-    QTest::mouseMove(to->window, to->at);
-    QTest::mouseRelease(to->window, Qt::LeftButton, Qt::NoModifier, to->at);
-}
-
-void GuiDriver::DragOver(forms::Control& source, forms::Control& target, float x, float y) {
-    const auto to = PointerOver(target, x, y);
-    if (!to) {
-        Driver::DragOver(source, target, x, y);
-        return;
-    }
-    // A move to where the pointer already is reports nothing: before the
-    // drag it steps a pixel aside, where a move does nothing.
-    QTest::mouseMove(to->window, to->at + QPoint(0, to->at.y() > 0 ? -1 : 1));
-    // No press: the drag begins as the program itself would begin it.
-    forms::Runtime& runtime = source.Parent().GetRuntime();
-    if (!runtime.BeginDrag(source)) return;
-    QTest::mouseMove(to->window, to->at);
-    QTest::keyClick(to->window, Qt::Key_Escape);
-    // Escape ends every drag; one that outlived it ends here all the same.
-    if (runtime.Dragging()) runtime.CancelDrag();
 }
 
 void GuiDriver::Settle() {

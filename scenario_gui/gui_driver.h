@@ -1,10 +1,12 @@
 // The scenario's user actions as real input on the program's Qt windows:
 // key presses and releases through the window system to the focused widget
-// of the form's window, mouse clicks, right clicks and drags of controls
-// through the window system, menu items chosen through their actions, and
-// moves, drags of the frame, the title bar's buttons and the close box done
-// to the window itself, so that the binding reports them to the model as it
-// reports the user's.
+// of the form's window, mouse clicks, double clicks, right clicks and drags
+// through the window system, on controls and on a form's own area, menu
+// items chosen through their actions, the name prompt answered by typing
+// into its text box, and moves, drags of the frame, the title bar's buttons,
+// activation and the close box done to the window itself (for a memory cell,
+// with the mouse on the frame that it draws), so that the binding reports
+// them to the model as it reports the user's.
 #pragma once
 
 #include <QPoint>
@@ -46,6 +48,17 @@ class GuiDriver : public Driver {
     void DragAndDrop(forms::Control& source, float sourceX, float sourceY, forms::Control& target,
                      float x, float y) override;
     void DragOver(forms::Control& source, forms::Control& target, float x, float y) override;
+    void ClickForm(forms::Form& form, float x, float y) override;
+    void DblClickForm(forms::Form& form, float x, float y) override;
+    void MouseUpForm(forms::Form& form, float x, float y) override;
+    void DragToForm(forms::Control& source, float sourceX, float sourceY, forms::Form& target,
+                    float x, float y) override;
+    void DblClick(forms::Control& control) override;
+    // The window activated through the window system; a memory cell by a
+    // press on its title bar.
+    void Activate(forms::Form& form) override;
+    // The text typed over the proposed one and Enter, or Cancel clicked.
+    void AnswerPrompt(forms::Form& prompt, const PromptAnswer& answer) override;
     // Runs Qt's event queue until what the action set going is over: the
     // windows that the program showed are on screen, the window system has
     // reported their places, and windows on their way out are gone.
@@ -53,7 +66,8 @@ class GuiDriver : public Driver {
 
   private:
     // The form's window when the user can reach it: made, shown and not
-    // minimised; else nullptr.
+    // minimised (for a cell: its parent's window not minimised); else
+    // nullptr.
     qtbind::FormWindow* WindowOnScreen(const forms::Form& form) const;
     // Where the pointer stands over `widget` at the pixel `local` of it:
     // the window that the window system sends the mouse to, the point in
@@ -70,8 +84,21 @@ class GuiDriver : public Driver {
     // (x, y) again. Else nullopt, and the action goes to the program as
     // without windows.
     std::optional<Pointer> PointerOver(const forms::Control& control, float x, float y) const;
+    // The same over the form's own area at (x, y) of its inner area, where
+    // no control may lie.
+    std::optional<Pointer> PointerOnForm(const forms::Form& form, float x, float y) const;
+    // The pointer over a point of a window's frame (a cell's title bar or
+    // close box), when nothing lies in front of it there.
+    std::optional<Pointer> PointerOnFrame(qtbind::FormWindow& window, const QPoint& local) const;
+    // A press at `from`, a move there and on to `to`, and a release.
+    void DragPointer(const Pointer& from, const Pointer& to);
+    // After the press on a drag's source: a move over the source, so that
+    // the drag hears of the pointer there first.
+    void StepOverSource(const Pointer& from, const forms::Control& source);
     // Sends any popup menu that is up away, as Escape does.
     void DismissPopups();
+    // A memory cell moved by its title bar and sized by its corner.
+    void MoveCell(qtbind::FormWindow& window, double left, double top, double width, double height);
 
     qtbind::QtBinding* binding_ = nullptr;
     // What the user cannot do through a window goes to the model the way

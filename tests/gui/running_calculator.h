@@ -1,6 +1,7 @@
 // The whole program behind its real windows, on services that answer at
-// once (no beep, no dialog, settings in memory), for tests that drive the
-// widgets as the user would.
+// once (no beep, no message box, settings in memory), with the desktop's
+// modal loop for the name prompt and its text measure, for tests that drive
+// the widgets as the user would.
 #pragma once
 
 #include <QApplication>
@@ -15,6 +16,8 @@
 #include "forms/headless_services.h"
 #include "qtbind/form_window.h"
 #include "qtbind/qt_binding.h"
+#include "qtbind/qt_modal_host.h"
+#include "qtbind/qt_text_measure.h"
 #include "qtbind/screen_info.h"
 #include "shell/lathmark_app.h"
 
@@ -32,7 +35,8 @@ inline void Settle() {
 class RunningCalculator {
   public:
     RunningCalculator()
-        : app_(forms::Services{&beeper, &messages, &settings},
+        : textMeasure(qtbind::ScaleOf(QGuiApplication::primaryScreen())),
+          app_(forms::Services{&beeper, &messages, &settings, &modal, &textMeasure},
                qtbind::ScreenInfoOf(QGuiApplication::primaryScreen())),
           binding_(app_) {
         app_.Start();
@@ -81,6 +85,8 @@ class RunningCalculator {
     forms::CountingBeeper beeper;
     forms::RecordingMessageBoxes messages;
     forms::MemorySettingsStore settings;
+    qtbind::QtModalHost modal;
+    qtbind::QtTextMeasure textMeasure;
 
   private:
     shell::LathmarkApp app_;
