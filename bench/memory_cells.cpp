@@ -1,0 +1,106 @@
+// Memory cells benchmark (see scripts/bench-memory.sh): the whole program in
+// its real windows makes 499 cells with New Memory, then times New Memory
+// for the 500th cell and Arrange with 500 cells (once with the cells where
+// it put them, once with every cell moved to the corner), each from the
+// menu's click until the windows have caught up with the model (the event
+// queue is dry).
+// It also reports what the cells cost in resident memory, per cell.
+//
+// Prints one line:
+// "<new memory ms> <arrange ms> <arrange scattered ms> <KiB per cell> <cells>".
+#include <QApplication>
+#include <QElapsedTimer>
+#include <QScreen>
+#include <cstdio>
+#include <fstream>
+#include <string>
+
+#include "forms/headless_services.h"
+#include "memory/cells.h"
+#include "qtbind/font_map.h"
+#include "qtbind/qt_binding.h"
+#include "qtbind/qt_modal_host.h"
+#include "qtbind/qt_text_measure.h"
+#include "qtbind/screen_info.h"
+#include "shell/lathmark_app.h"
+
+namespace {
+
+constexpr int kCells = 500;
+
+// Resident memory of this process, in KiB.
+long ResidentKiB() {
+    std::ifstream status("/proc/self/status");
+    std::string line;
+    while (std::getline(status, line)) {
+        if (line.rfind("VmRSS:", 0) == 0) return std::stol(line.substr(6));
+    }
+    return 0;
+}
+
+// The windows catch up: what the model changed comes on screen, windows on
+// their way out go.
+void Settle() {
+    for (int round = 0; round < 4; ++round) {
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        QCoreApplication::processEvents(QEventLoop::AllEvents);
+    }
+}
+
+// A click of a menu entry of the calculator, as the main loop runs it.
+double TimedClick(shell::LathmarkApp& app, qtbind::QtBinding& binding, const char* menu) {
+    QElapsedTimer timer;
+    timer.start();
+    app.Program().Calculator->GetMenu(menu).Click();
+    binding.AfterEvent();
+    Settle();
+    return static_cast<double>(timer.nsecsElapsed()) / 1e6;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    QApplication application(argc, argv);
+    QApplication::setStyle(QStringLiteral("Fusion"));
+    QApplication::setQuitOnLastWindowClosed(false);
+    const QScreen* screen = QGuiApplication::primaryScreen();
+    const qtbind::PixelScale scale = qtbind::ScaleOf(screen);
+    QApplication::setFont(qtbind::MapFont(forms::Font{}, scale));
+
+    forms::CountingBeeper beeper;
+    forms::RecordingMessageBoxes messages;
+    forms::MemorySettingsStore settings;
+    qtbind::QtModalHost modal;
+    qtbind::QtTextMeasure textMeasure(scale);
+    forms::Services services{&beeper, &messages, &settings, &modal, &textMeasure};
+    shell::LathmarkApp app(services, qtbind::ScreenInfoOf(screen));
+    qtbind::QtBinding binding(app, scale);
+    app.Start();
+    binding.AfterEvent();
+    Settle();
+
+    // The first cell brings up the memory window itself; what the cells
+    // cost is measured from there on.
+    TimedClick(app, binding, "NewMemory");
+    const long before = ResidentKiB();
+    for (int cell = 2; cell < kCells; ++cell) TimedClick(app, binding, "NewMemory");
+    const double newMemory = TimedClick(app, binding, "NewMemory");
+    const long after = ResidentKiB();
+    const double arrangeInPlace = TimedClick(app, binding, "mnuArrangeMemory");
+    // Every cell dragged to the corner of the memory window: Arrange has
+    // all of them to move.
+    for (forms::Form* form : app.Program().runtime.OpenForms()) {
+        if (memory::IsCell(*form)) form->Move(0, 0, form->Width(), form->Height());
+    }
+    binding.AfterEvent();
+    Settle();
+    const double arrangeScattered = TimedClick(app, binding, "mnuArrangeMemory");
+
+    int cells = 0;
+    for (forms::Form* form : app.Program().runtime.OpenForms()) {
+        if (memory::IsCell(*form)) ++cells;
+    }
+    std::printf("%.2f %.2f %.2f %.1f %d\n", newMemory, arrangeInPlace, arrangeScattered,
+                static_cast<double>(after - before) / (kCells - 1), cells);
+    return cells == kCells ? 0 : 1;
+}
