@@ -57,6 +57,10 @@ QWidget* ControlView::MakeWidget(QWidget* parent) {
             label->setTextFormat(Qt::PlainText);
             label->setWordWrap(true);
             label->setMargin(0);
+            // A framed label writes its text right against the frame: Qt
+            // would otherwise keep half an "x" clear on the aligned sides,
+            // which pushes a value down out of a cell's short label.
+            label->setIndent(0);
             return label;
         }
         case forms::ControlKind::PushButton:
