@@ -61,6 +61,46 @@ class TextMeasure {
     virtual double TextWidth(const Font& font, const std::string& text) const = 0;
 };
 
+// What the program asks of the desktop's dialog for a file name: the
+// settings of its common dialog as they stand when it is shown.
+struct FileDialogRequest {
+    bool save = false;  // a dialog for saving; otherwise one for opening
+    std::string title;
+    // Pairs of description and pattern, each part ended by "|":
+    // "Memory (*.mem)|*.mem|all files (*.*)|*.*".
+    std::string filter;
+    int filterIndex = 1;     // the pair chosen at first, from 1
+    std::string defaultExt;  // added to a name typed without one
+    std::string initDir;     // the folder the dialog starts in
+    std::string fileName;    // the name it proposes
+};
+
+class FileDialogs {
+  public:
+    virtual ~FileDialogs() = default;
+    // Waits for the user: the path chosen, or nothing when cancelled.
+    virtual std::optional<std::string> Show(const FileDialogRequest& request) = 0;
+};
+
+// The user's files, as the program reads and writes them whole.
+class FileStore {
+  public:
+    struct ReadResult {
+        std::optional<std::string> content;  // nothing when it could not be read
+        std::string error;                   // the platform's text of why not
+    };
+    virtual ~FileStore() = default;
+    virtual bool Exists(const std::string& path) const = 0;
+    virtual ReadResult Read(const std::string& path) const = 0;
+    // Puts `content` in place of the file at `path`, whole or not at all: an
+    // earlier file stays as it was when the write fails. Returns "" or the
+    // platform's text of the failure.
+    virtual std::string Replace(const std::string& path, const std::string& content) = 0;
+    // The folder where the program keeps its own files for this user, made
+    // when missing.
+    virtual std::string ProgramFolder() = 0;
+};
+
 // The screen's size in twips and its resolution.
 struct ScreenInfo {
     double width = 1920 * 15.0;
@@ -75,6 +115,8 @@ struct Services {
     SettingsStore* settings = nullptr;
     ModalHost* modal = nullptr;
     TextMeasure* textMeasure = nullptr;
+    FileDialogs* fileDialogs = nullptr;
+    FileStore* files = nullptr;
 };
 
 }  // namespace forms
