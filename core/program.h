@@ -5,11 +5,13 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <set>
 #include <string>
 #include <vector>
 
 #include "core/calc_state.h"
 #include "core/calculator_view.h"
+#include "core/common_dialog.h"
 #include "forms/runtime.h"
 #include "tape/tape_store.h"
 
@@ -51,6 +53,14 @@ struct Program {
     std::vector<std::int32_t> ControlLefts, ControlTops, ControlWidths, ControlHeights;
 
     std::string HelpFilePath;
+
+    // The memory file last chosen in the dialog ("" until then), the common
+    // dialog that chose it, and the file numbers in use: a write or a read
+    // that failed half way leaves its number (1 to write, 2 to read) open
+    // until the program ends.
+    std::string MemoryFileName;
+    CommonDialog CMDialog1;
+    std::set<int> OpenFileNumbers;
 
     // The forms, once the catalogue has made them.
     forms::Form* Calculator = nullptr;

@@ -3,20 +3,24 @@
 #include <charconv>
 #include <cmath>
 #include <cstdlib>
+#include <limits>
 
 namespace measure {
 
 namespace {
 
 constexpr int kSignificantDigits = 15;
+constexpr int kSingleSignificantDigits = 7;
 
-// From the decimal exponent at which a number is written in exponent form.
-constexpr int kLargestFixedExponent = kSignificantDigits - 1;
+// Below this decimal exponent a number is written in exponent form; from
+// the number of significant digits on, too.
 constexpr int kSmallestFixedExponent = -4;
 
 // `leadingBlank` and `zeroBeforePoint` are the two points where the forms
-// differ.
-std::string Write(double x, bool leadingBlank, bool zeroBeforePoint) {
+// differ; a single-precision value has fewer digits.
+std::string Write(double x, bool leadingBlank, bool zeroBeforePoint,
+                  int significantDigits = kSignificantDigits) {
+    const int largestFixedExponent = significantDigits - 1;
     const std::string positiveSign = leadingBlank ? " " : "";
     if (std::isnan(x)) return positiveSign + "nan";
     if (std::isinf(x)) return x < 0 ? "-inf" : positiveSign + "inf";
@@ -27,7 +31,7 @@ std::string Write(double x, bool leadingBlank, bool zeroBeforePoint) {
     // Rounded to 15 significant digits: "d.dddddddddddddde+XX".
     char buffer[64];
     const auto result = std::to_chars(buffer, buffer + sizeof buffer, std::fabs(x),
-                                      std::chars_format::scientific, kSignificantDigits - 1);
+                                      std::chars_format::scientific, significantDigits - 1);
     const std::string scientific(buffer, result.ptr);
     const std::size_t e = scientific.find('e');
     std::string digits = scientific.substr(0, 1) + scientific.substr(2, e - 2);
@@ -35,7 +39,7 @@ std::string Write(double x, bool leadingBlank, bool zeroBeforePoint) {
     while (digits.size() > 1 && digits.back() == '0') digits.pop_back();
 
     std::string text = negative ? "-" : positiveSign;
-    if (exponent > kLargestFixedExponent || exponent < kSmallestFixedExponent) {
+    if (exponent > largestFixedExponent || exponent < kSmallestFixedExponent) {
         text += digits[0];
         if (digits.size() > 1) {
             text += '.';
@@ -72,6 +76,17 @@ std::string NumberText(double x) {
 
 std::string PlainNumberText(double x) {
     return Write(x, false, true);
+}
+
+std::string PrintedSingleText(double x) {
+    // Past the range of a single the value is an overflow: written as inf.
+    double single = x;
+    if (std::isfinite(x)) {
+        single = std::fabs(x) > std::numeric_limits<float>::max()
+                     ? std::copysign(std::numeric_limits<double>::infinity(), x)
+                     : static_cast<double>(static_cast<float>(x));
+    }
+    return Write(single, true, false, kSingleSignificantDigits) + " ";
 }
 
 }  // namespace measure

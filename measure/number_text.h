@@ -1,4 +1,4 @@
-// The two ways the program writes a plain number as text.
+// The ways the program writes a plain number as text.
 #pragma once
 
 #include <string>
@@ -20,5 +20,11 @@ std::string NumberText(double x);
 // The same digits without the leading blank and with a zero before the point
 // ("0.5", "-0.5", "1E+15", "inf", "nan").
 std::string PlainNumberText(double x);
+
+// A single-precision value as it is printed into a file: the value taken to
+// single precision, then the first form at 7 significant digits (exponent
+// form from 1E+07 on), followed by one blank. 1635 gives " 1635 ", -15 gives
+// "-15 ", 12345678 gives " 1.234568E+07 ".
+std::string PrintedSingleText(double x);
 
 }  // namespace measure
