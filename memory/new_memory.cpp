@@ -14,15 +14,6 @@ namespace {
 constexpr std::int16_t kFirstCellWidth = 1935;
 constexpr double kNamedCellHeight = 630;
 
-// Two chosen colours that share no bit count as none: the cell keeps the
-// colours of its design.
-void ApplyCellColours(core::Program& p, forms::Form& cell) {
-    if ((p.MemoryBackColor & p.MemoryReadoutColor) == 0) return;
-    p.runtime.Load(cell);
-    cell.SetBackColor(static_cast<std::uint32_t>(p.MemoryBackColor));
-    ValueLabel(cell).SetBackColor(static_cast<std::uint32_t>(p.MemoryReadoutColor));
-}
-
 void NameTheTape(core::Program& p, forms::Form& cell) {
     auto& names = p.tape->TapeNames();
     names.resize(static_cast<std::size_t>(std::max<int>(p.NextMemoryNumber, 0)) + 1);
@@ -52,6 +43,15 @@ void FinishCell(core::Program& p, forms::Form& cell) {
 }
 
 }  // namespace
+
+// Two chosen colours that share no bit count as none: the cell keeps the
+// colours of its design.
+void ApplyCellColours(core::Program& p, forms::Form& cell) {
+    if ((p.MemoryBackColor & p.MemoryReadoutColor) == 0) return;
+    p.runtime.Load(cell);
+    cell.SetBackColor(static_cast<std::uint32_t>(p.MemoryBackColor));
+    ValueLabel(cell).SetBackColor(static_cast<std::uint32_t>(p.MemoryReadoutColor));
+}
 
 void NewMemoryClick(core::Program& p) {
     forms::Form& cell = p.NewMemoryForm();

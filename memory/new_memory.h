@@ -11,4 +11,8 @@ namespace memory {
 void NewMemoryClick(core::Program& p);
 void NamedMemoryClick(core::Program& p);
 
+// The chosen colours of cells on a new cell (which loads it), unless the
+// two colours share no bit.
+void ApplyCellColours(core::Program& p, forms::Form& cell);
+
 }  // namespace memory

@@ -3,6 +3,7 @@
 #include "memory/cell_layout.h"
 #include "memory/clear_erase.h"
 #include "memory/input_prompt.h"
+#include "memory/memory_file_menu.h"
 #include "memory/memory_parent.h"
 #include "memory/new_memory.h"
 
@@ -15,6 +16,9 @@ void WireMemory(core::Program& p) {
     calc.GetMenu("mnuArrangeMemory").Click = [&p] { ArrangeMemory(p); };
     calc.GetMenu("ClearMemory").Click = [&p] { ClearMemoryClick(p); };
     calc.GetMenu("EraseMemory").Click = [&p] { EraseMemoryClick(p); };
+    calc.GetMenu("mnuOpen").Click = [&p] { OpenClick(p); };
+    calc.GetMenu("mnuSave").Click = [&p] { SaveClick(p); };
+    calc.GetMenu("mnuSaveAs").Click = [&p] { SaveAsClick(p); };
 
     forms::Form& parent = *p.MDIForm1;
     parent.Resize = [&p] { MemoryParentResize(p); };
