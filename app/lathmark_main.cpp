@@ -3,10 +3,12 @@
 #include <QApplication>
 #include <QScreen>
 
+#include "forms/disk_files.h"
 #include "forms/settings_file.h"
 #include "qtbind/font_map.h"
 #include "qtbind/qt_beeper.h"
 #include "qtbind/qt_binding.h"
+#include "qtbind/qt_file_dialogs.h"
 #include "qtbind/qt_message_boxes.h"
 #include "qtbind/qt_modal_host.h"
 #include "qtbind/qt_text_measure.h"
@@ -31,12 +33,17 @@ int main(int argc, char** argv) {
     // The binding made below finds the modal host among the services.
     qtbind::QtModalHost modal;
     qtbind::QtTextMeasure textMeasure(scale);
+    qtbind::QtFileDialogs fileDialogs;
+    // The memory file goes where the user chooses, on the local disk.
+    forms::DiskFiles files;
     forms::Services services;
     services.beeper = &beeper;
     services.messages = &messages;
     services.settings = &settings;
     services.modal = &modal;
     services.textMeasure = &textMeasure;
+    services.fileDialogs = &fileDialogs;
+    services.files = &files;
 
     shell::LathmarkApp app(services, qtbind::ScreenInfoOf(screen));
     qtbind::QtBinding binding(app, scale);

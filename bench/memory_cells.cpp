@@ -10,15 +10,19 @@
 // "<new memory ms> <arrange ms> <arrange scattered ms> <KiB per cell> <cells>".
 #include <QApplication>
 #include <QElapsedTimer>
+#include <QFile>
 #include <QScreen>
+#include <QTemporaryDir>
 #include <cstdio>
 #include <fstream>
 #include <string>
 
+#include "forms/disk_files.h"
 #include "forms/headless_services.h"
 #include "memory/cells.h"
 #include "qtbind/font_map.h"
 #include "qtbind/qt_binding.h"
+#include "qtbind/qt_file_dialogs.h"
 #include "qtbind/qt_modal_host.h"
 #include "qtbind/qt_text_measure.h"
 #include "qtbind/screen_info.h"
@@ -72,7 +76,12 @@ int main(int argc, char** argv) {
     forms::MemorySettingsStore settings;
     qtbind::QtModalHost modal;
     qtbind::QtTextMeasure textMeasure(scale);
-    forms::Services services{&beeper, &messages, &settings, &modal, &textMeasure};
+    qtbind::QtFileDialogs fileDialogs;
+    // No memory file is opened here; the program's folder is a throwaway one.
+    const QTemporaryDir programFolder;
+    forms::DiskFiles files(QFile::encodeName(programFolder.path()).toStdString());
+    forms::Services services{&beeper,      &messages,    &settings, &modal,
+                             &textMeasure, &fileDialogs, &files};
     shell::LathmarkApp app(services, qtbind::ScreenInfoOf(screen));
     qtbind::QtBinding binding(app, scale);
     app.Start();

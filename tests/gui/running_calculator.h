@@ -1,21 +1,26 @@
 // The whole program behind its real windows, on services that answer at
 // once (no beep, no message box, settings in memory), with the desktop's
-// modal loop for the name prompt and its text measure, for tests that drive
-// the widgets as the user would.
+// modal loop for the name prompt, its text measure and its file dialog, and
+// the user's files on disk in a folder of the test's own, for tests that
+// drive the widgets as the user would.
 #pragma once
 
 #include <QApplication>
+#include <QFile>
 #include <QGuiApplication>
 #include <QLabel>
 #include <QScreen>
+#include <QTemporaryDir>
 #include <QTest>
 #include <QWidget>
 #include <QWindow>
 #include <string>
 
+#include "forms/disk_files.h"
 #include "forms/headless_services.h"
 #include "qtbind/form_window.h"
 #include "qtbind/qt_binding.h"
+#include "qtbind/qt_file_dialogs.h"
 #include "qtbind/qt_modal_host.h"
 #include "qtbind/qt_text_measure.h"
 #include "qtbind/screen_info.h"
@@ -36,7 +41,8 @@ class RunningCalculator {
   public:
     RunningCalculator()
         : textMeasure(qtbind::ScaleOf(QGuiApplication::primaryScreen())),
-          app_(forms::Services{&beeper, &messages, &settings, &modal, &textMeasure},
+          app_(forms::Services{&beeper, &messages, &settings, &modal, &textMeasure, &fileDialogs,
+                               &files},
                qtbind::ScreenInfoOf(QGuiApplication::primaryScreen())),
           binding_(app_) {
         app_.Start();
@@ -87,6 +93,10 @@ class RunningCalculator {
     forms::MemorySettingsStore settings;
     qtbind::QtModalHost modal;
     qtbind::QtTextMeasure textMeasure;
+    qtbind::QtFileDialogs fileDialogs;
+    // The program's own folder, gone with the test.
+    QTemporaryDir programFolder;
+    forms::DiskFiles files{QFile::encodeName(programFolder.path()).toStdString()};
 
   private:
     shell::LathmarkApp app_;
