@@ -2,6 +2,7 @@
 // the handing of each command to its family.
 #include "scenario/runner.h"
 
+#include <algorithm>
 #include <istream>
 #include <ostream>
 
@@ -25,7 +26,8 @@ void Runner::StopApp() {
 
 shell::LathmarkApp& Runner::App() {
     if (!app_) {
-        forms::Services services{&beeper_, &messages_, &settings_, &prompts_, &textMeasure_};
+        forms::Services services{&beeper_,      &messages_,    &settings_, &prompts_,
+                                 &textMeasure_, &fileDialogs_, &files_};
         app_ = StartApp(services, screen_);
         // An accuracy chosen before the start acts on the program as well.
         if (accuracyChosen_) app_->Program().AccuracyDenominator = accuracy_;
@@ -34,6 +36,11 @@ shell::LathmarkApp& Runner::App() {
 }
 
 int Runner::Run(std::istream& in) {
+    // Without a folder of its own the run would touch the user's files.
+    if (scratch_.Path().empty()) {
+        err_ << "cannot make a scratch folder: " << scratch_.Error() << "\n";
+        return 2;
+    }
     std::string line;
     int number = 0;
     while (std::getline(in, line)) {
@@ -52,7 +59,13 @@ int Runner::Run(std::istream& in) {
 }
 
 bool Runner::Execute(const Words& w) {
+    // Line ends written into a text are for raw file content only.
+    if (w[0].text != "writebytes" &&
+        std::any_of(w.begin(), w.end(), [](const Word& word) { return word.lineEnds; })) {
+        return false;
+    }
     if (MeasureCommand(w)) return true;
+    if (FileCommand(w)) return true;
     if (w[0].text == "setting" && w.size() == 4 && !app_) {
         settings_.Write(w[1].text, w[2].text, w[3].text);
         return true;

@@ -8,10 +8,13 @@
 #include <string>
 #include <vector>
 
+#include "forms/disk_files.h"
 #include "forms/headless_services.h"
 #include "scenario/driver.h"
+#include "scenario/file_dialog_host.h"
 #include "scenario/prompt_host.h"
 #include "scenario/scenario_text.h"
+#include "scenario/scratch_folder.h"
 #include "shell/lathmark_app.h"
 
 namespace scenario {
@@ -56,6 +59,13 @@ class Runner {
     // "Form.Control" (the form by its name or its caption), or the plain name
     // of a control of Calculator.
     forms::Control* FindControl(const std::string& name);
+    // file_commands.cpp
+    bool FileCommand(const Words& w);
+    // A file name of the scenario: absolute as it is, else in the scratch
+    // folder; an empty name stays empty.
+    std::string ScratchPath(const std::string& name) const;
+    bool WriteScratchFile(const std::string& name, const std::string& content);
+    void PrintFile(const std::string& name);
 
     std::ostream& out_;
     std::ostream& err_;
@@ -64,6 +74,11 @@ class Runner {
     forms::RecordingMessageBoxes messages_;
     forms::MemorySettingsStore settings_;
     forms::HalfEmTextMeasure textMeasure_;
+    FileDialogHost fileDialogs_;
+    // The program keeps its files in the run's own folder, made before the
+    // store that names it.
+    ScratchFolder scratch_;
+    forms::DiskFiles files_{scratch_.Path()};
     PromptHost prompts_{[this]() -> Driver& { return GetDriver(); },
                         [this] {
                             const auto& band = App().Runtime().TopMostBand();

@@ -25,9 +25,16 @@ std::optional<std::vector<Word>> SplitWords(std::string_view line) {
                     break;
                 }
                 if (c == '\\') {
-                    if (i >= line.size() || (line[i] != '"' && line[i] != '\\'))
+                    if (i >= line.size()) return std::nullopt;
+                    const char escaped = line[i++];
+                    if (escaped == 'r' || escaped == 'n') {
+                        word.text += escaped == 'r' ? '\r' : '\n';
+                        word.lineEnds = true;
+                    } else if (escaped == '"' || escaped == '\\') {
+                        word.text += escaped;
+                    } else {
                         return std::nullopt;
-                    word.text += line[i++];
+                    }
                 } else {
                     word.text += c;
                 }

@@ -11,10 +11,14 @@ namespace scenario {
 struct Word {
     std::string text;
     bool quoted = false;
+    // The text holds a line end written as \r or \n, which only the command
+    // that writes raw bytes into a file takes.
+    bool lineEnds = false;
 };
 
 // Splits a line into words at blanks; a word in double quotes may hold
-// blanks, with \" for a quote and \\ for a backslash, and may go on with a
+// blanks, with \" for a quote and \\ for a backslash (and \r and \n for a
+// carriage return and a line feed, see Word::lineEnds), and may go on with a
 // dot and a name ("Memory 2".Label1, an unquoted word). Empty on a line that
 // cannot be read (an unclosed quote, a stray backslash).
 std::optional<std::vector<Word>> SplitWords(std::string_view line);

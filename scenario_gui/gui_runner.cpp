@@ -51,8 +51,10 @@ qtbind::PixelScale GuiRunner::Scale() {
 std::unique_ptr<shell::LathmarkApp> GuiRunner::StartApp(forms::Services services,
                                                         forms::ScreenInfo screen) {
     // The scenario's own services stay: its prompt host answers the name
-    // prompt as the scenario said, through the driver's real keys, and text
-    // is measured as without windows, so that both runs print the same.
+    // prompt as the scenario said, through the driver's real keys, its file
+    // dialogs are answered as the scenario said with no window shown, files
+    // go to the run's scratch folder, and text is measured as without
+    // windows, so that both runs print the same.
     auto app = std::make_unique<shell::LathmarkApp>(services, screen);
     // The binding watches from the start, to see the Load of every form.
     binding_ = std::make_unique<qtbind::QtBinding>(*app, Scale());
