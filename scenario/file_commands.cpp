@@ -104,6 +104,18 @@ bool Runner::FileCommand(const Words& w) {
         }
         return true;
     }
+    if (verb == "memoryfile" && w.size() == 1) {
+        // The name as the scenario gave it: inside the scratch folder, the
+        // part after the folder.
+        std::string name = P().MemoryFileName;
+        const std::string folder = scratch_.Path() + "/";
+        if (name.starts_with(folder)) name = name.substr(folder.size());
+        out_ << "MemoryFileName = " << Quote(name) << "\n";
+        out_ << "OpenFileNumbers =";
+        for (int number : P().OpenFileNumbers) out_ << " " << number;
+        out_ << "\n";
+        return true;
+    }
     if (verb == "file" && w.size() == 2 && w[1].quoted) {
         PrintFile(w[1].text);
         return true;
