@@ -176,12 +176,23 @@ void GuiDriver::AnswerPrompt(forms::Form& prompt, const PromptAnswer& answer) {
     auto* edit = window && box ? qobject_cast<QLineEdit*>(window->WidgetFor(*box)) : nullptr;
     QWindow* handle = edit ? window->windowHandle() : nullptr;
     const std::string text = answer.text.value_or("");
+    // One stroke a character: the keys of the keyboard for ASCII, and for
+    // any other letter a key that types it, as an input method would.
     std::vector<Stroke> strokes;
-    for (char c : text) {
-        const auto stroke = StrokeFor(static_cast<std::int16_t>(static_cast<unsigned char>(c)));
-        if (stroke) strokes.push_back(*stroke);
+    bool typeable = true;
+    for (char32_t c : QString::fromStdString(text).toUcs4()) {
+        if (c >= 0x80) {
+            strokes.push_back({Qt::Key_unknown, QString::fromUcs4(&c, 1), Qt::NoModifier});
+            continue;
+        }
+        const auto stroke = StrokeFor(static_cast<std::int16_t>(c));
+        if (stroke) {
+            strokes.push_back(*stroke);
+        } else {
+            typeable = false;
+        }
     }
-    if (!handle || strokes.size() != text.size()) {
+    if (!handle || !typeable) {
         // No window to type into, or a name that no keys type.
         Driver::AnswerPrompt(prompt, answer);
         return;
