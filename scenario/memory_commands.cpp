@@ -17,7 +17,7 @@ bool IsCell(const forms::Form& f) {
 
 }  // namespace
 
-bool Runner::MemoryInspect(const Words& w) {
+bool Runner::MemoryReport(const Words& w) {
     const std::string& verb = w[0].text;
     core::Program& p = P();
     if (verb == "cells" && w.size() == 1) {

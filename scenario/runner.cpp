@@ -92,7 +92,7 @@ bool Runner::Execute(const Words& w) {
         }
         return true;
     }
-    return Inspect(w);
+    return Report(w);
 }
 
 }  // namespace scenario

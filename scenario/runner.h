@@ -43,7 +43,7 @@ class Runner {
     bool Execute(const Words& w);
     bool MeasureCommand(const Words& w);
     bool ProgramCommand(const Words& w);
-    bool Inspect(const Words& w);
+    bool Report(const Words& w);
     shell::LathmarkApp& App();
     core::Program& P() { return App().Program(); }
     void PrintState();
@@ -51,10 +51,10 @@ class Runner {
     bool KeyCommand(const Words& w);
     bool WindowCommand(const Words& w);
     bool MouseCommand(const Words& w);
-    bool ControlInspect(const Words& w);
+    bool ControlReport(const Words& w);
     // form_commands.cpp and memory_commands.cpp
     bool FormCommand(const Words& w);
-    bool MemoryInspect(const Words& w);
+    bool MemoryReport(const Words& w);
     forms::Form* FindForm(const std::string& name);
     // "Form.Control" (the form by its name or its caption), or the plain name
     // of a control of Calculator.

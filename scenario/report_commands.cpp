@@ -17,7 +17,7 @@ std::string Slot(const std::optional<double>& slot) {
 
 }  // namespace
 
-bool Runner::ControlInspect(const Words& w) {
+bool Runner::ControlReport(const Words& w) {
     const std::string& verb = w[0].text;
     if (verb == "dragicon" && w.size() == 2) {
         forms::Control* c = FindControl(w[1].text);
@@ -89,9 +89,9 @@ void Runner::PrintTape(const Words& w) {
     }
 }
 
-bool Runner::Inspect(const Words& w) {
-    if (MemoryInspect(w)) return true;
-    if (ControlInspect(w)) return true;
+bool Runner::Report(const Words& w) {
+    if (MemoryReport(w)) return true;
+    if (ControlReport(w)) return true;
     const std::string& verb = w[0].text;
     if (verb == "state" && w.size() == 1) {
         PrintState();
