@@ -145,12 +145,15 @@ bool FormInput::KeyReleased(QObject* watched, QKeyEvent& event) {
     return consumed;
 }
 
-bool FormInput::MousePressed(QWidget* widget, forms::Control* control, QMouseEvent& event) {
-    const int button = ButtonNumber(event.button());
-    const int shift = ShiftState(event.modifiers());
+FormInput::ModelMouse FormInput::ToModel(const QMouseEvent& event) const {
     const QPointF at = event.position();
-    const auto x = static_cast<float>(scale_.ToTwipsX(static_cast<int>(at.x())));
-    const auto y = static_cast<float>(scale_.ToTwipsY(static_cast<int>(at.y())));
+    return {ButtonNumber(event.button()), ShiftState(event.modifiers()),
+            static_cast<float>(scale_.ToTwipsX(static_cast<int>(at.x()))),
+            static_cast<float>(scale_.ToTwipsY(static_cast<int>(at.y())))};
+}
+
+bool FormInput::MousePressed(QWidget* widget, forms::Control* control, QMouseEvent& event) {
+    const auto [button, shift, x, y] = ToModel(event);
     if (event.button() == Qt::LeftButton) leftPressedOn_ = widget;
     if (pressHook_) {
         pressHook_();
@@ -169,14 +172,10 @@ bool FormInput::MousePressed(QWidget* widget, forms::Control* control, QMouseEve
 }
 
 bool FormInput::MouseReleased(QWidget* widget, forms::Control* control, QMouseEvent& event) {
-    const int button = ButtonNumber(event.button());
-    const int shift = ShiftState(event.modifiers());
-    const QPointF at = event.position();
-    const auto x = static_cast<float>(scale_.ToTwipsX(static_cast<int>(at.x())));
-    const auto y = static_cast<float>(scale_.ToTwipsY(static_cast<int>(at.y())));
+    const auto [button, shift, x, y] = ToModel(event);
     // A click is the left button pressed and let go on the same widget.
     const bool clicked = event.button() == Qt::LeftButton && leftPressedOn_ == widget &&
-                         widget->rect().contains(at.toPoint());
+                         widget->rect().contains(event.position().toPoint());
     if (event.button() == Qt::LeftButton) leftPressedOn_ = nullptr;
     if (heldForRelease_ == widget && QWidget::mouseGrabber() == widget) widget->releaseMouse();
     heldForRelease_ = nullptr;

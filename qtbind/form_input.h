@@ -51,6 +51,15 @@ class FormInput : public QObject {
     bool IsFirstDelivery(QObject* watched) const;
     bool KeyPressed(QObject* watched, forms::Control* control, QKeyEvent& event);
     bool KeyReleased(QObject* watched, QKeyEvent& event);
+    // A mouse event as the model's MouseDown and MouseUp take it: the
+    // button, the shift state and the place in twips.
+    struct ModelMouse {
+        int button;
+        int shift;
+        float x;
+        float y;
+    };
+    ModelMouse ToModel(const QMouseEvent& event) const;
     bool MousePressed(QWidget* widget, forms::Control* control, QMouseEvent& event);
     bool MouseReleased(QWidget* widget, forms::Control* control, QMouseEvent& event);
     bool DoubleClicked(QWidget* widget, forms::Control* control);

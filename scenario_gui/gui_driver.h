@@ -95,6 +95,9 @@ class GuiDriver : public Driver {
     // After the press on a drag's source: a move over the source, so that
     // the drag hears of the pointer there first.
     void StepOverSource(const Pointer& from, const forms::Control& source);
+    // A drag of `source` from `from` to `to`, let go there over whichever
+    // window lies under `to`.
+    void PressMoveRelease(const Pointer& from, const forms::Control& source, const Pointer& to);
     // Sends any popup menu that is up away, as Escape does.
     void DismissPopups();
     // A memory cell moved by its title bar and sized by its corner.

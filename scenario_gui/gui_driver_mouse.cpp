@@ -106,6 +106,17 @@ void GuiDriver::StepOverSource(const Pointer& from, const forms::Control& source
     QTest::mouseMove(from.window, from.at);
 }
 
+void GuiDriver::PressMoveRelease(const Pointer& from, const forms::Control& source,
+                                 const Pointer& to) {
+    QCursor::setPos(from.global);
+    // The press begins the drag; the source holds the mouse from then on,
+    // and the moves and the release reach it whichever window they are in.
+    QTest::mousePress(from.window, Qt::LeftButton, Qt::NoModifier, from.at);
+    StepOverSource(from, source);
+    QTest::mouseMove(to.window, to.at);
+    QTest::mouseRelease(to.window, Qt::LeftButton, Qt::NoModifier, to.at);
+}
+
 void GuiDriver::DragAndDrop(forms::Control& source, float sourceX, float sourceY,
                             forms::Control& target, float x, float y) {
     const auto from = PointerOver(source, sourceX, sourceY);
@@ -114,13 +125,7 @@ void GuiDriver::DragAndDrop(forms::Control& source, float sourceX, float sourceY
         Driver::DragAndDrop(source, sourceX, sourceY, target, x, y);
         return;
     }
-    QCursor::setPos(from->global);
-    // The press begins the drag; the source holds the mouse from then on,
-    // and the moves and the release reach it whichever window they are in.
-    QTest::mousePress(from->window, Qt::LeftButton, Qt::NoModifier, from->at);
-    StepOverSource(*from, source);
-    QTest::mouseMove(to->window, to->at);
-    QTest::mouseRelease(to->window, Qt::LeftButton, Qt::NoModifier, to->at);
+    PressMoveRelease(*from, source, *to);
 }
 
 void GuiDriver::DragOver(forms::Control& source, forms::Control& target, float x, float y) {
@@ -187,11 +192,7 @@ void GuiDriver::DragToForm(forms::Control& source, float sourceX, float sourceY,
         Driver::DragToForm(source, sourceX, sourceY, target, x, y);
         return;
     }
-    QCursor::setPos(from->global);
-    QTest::mousePress(from->window, Qt::LeftButton, Qt::NoModifier, from->at);
-    StepOverSource(*from, source);
-    QTest::mouseMove(to->window, to->at);
-    QTest::mouseRelease(to->window, Qt::LeftButton, Qt::NoModifier, to->at);
+    PressMoveRelease(*from, source, *to);
 }
 
 void GuiDriver::DblClick(forms::Control& control) {
