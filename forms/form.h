@@ -141,6 +141,8 @@ class Form {
     std::function<void(std::int16_t& keyCode, int shift)> KeyDown;
     std::function<void(std::int16_t& keyCode, int shift)> KeyUp;
     std::function<void(int button, int shift, float x, float y)> MouseDown;
+    // A drag over the form's own area, at X and Y of its inner area.
+    std::function<void(Control& source, float x, float y, int state)> DragOver;
     std::function<void(int& cancel, int unloadMode)> QueryUnload;
     std::function<void(int& cancel)> Unload;
 

@@ -188,11 +188,24 @@ bool Runtime::BeginDrag(Control& source) {
 void Runtime::DragMove(Control* target, float x, float y) {
     if (!dragSource_) return;
     if (target && !Usable(*target)) target = nullptr;
-    const int state = target == dragTarget_ ? kDragOver : kDragEnter;
+    const int state = target == dragTarget_ && !dragFormTarget_ ? kDragOver : kDragEnter;
     dragTarget_ = target;
+    dragFormTarget_ = nullptr;
     if (!target || !target->DragOver) return;
     target->DragOver(*dragSource_, static_cast<float>(x + target->DragOffsetX()),
                      static_cast<float>(y + target->DragOffsetY()), state);
+}
+
+void Runtime::DragMoveOverForm(Form& form, float x, float y) {
+    if (!dragSource_) return;
+    if (!form.Visible()) {
+        DragMove(nullptr, x, y);
+        return;
+    }
+    const int state = &form == dragFormTarget_ ? kDragOver : kDragEnter;
+    dragTarget_ = nullptr;
+    dragFormTarget_ = &form;
+    if (form.DragOver) form.DragOver(*dragSource_, x, y, state);
 }
 
 void Runtime::Drop(Control* target, float x, float y) {
@@ -211,6 +224,7 @@ void Runtime::CancelDrag() {
 void Runtime::EndDrag() {
     dragSource_ = nullptr;
     dragTarget_ = nullptr;
+    dragFormTarget_ = nullptr;
     if (observer_) observer_->DragEnded();
 }
 
@@ -221,6 +235,7 @@ void Runtime::DragIconSet(Control& control) {
 void Runtime::FormGoing(Form& form) {
     if (dragSource_ && &dragSource_->Parent() == &form) EndDrag();
     if (dragTarget_ && &dragTarget_->Parent() == &form) dragTarget_ = nullptr;
+    if (dragFormTarget_ == &form) dragFormTarget_ = nullptr;
 }
 
 void Runtime::PopupMenu(MenuItem& menu) {

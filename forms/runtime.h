@@ -97,6 +97,9 @@ class Runtime {
     // No DragOver with the leave state is raised when the pointer goes: the
     // program's handlers never look at the state.
     void DragMove(Control* target, float x, float y);
+    // The pointer is over the own area of `form`, where no control lies, at
+    // (x, y) of its inner area: the form's DragOver runs, as a control's does.
+    void DragMoveOverForm(Form& form, float x, float y);
     // Letting go over `target` at (x, y): the drag ends, then the target's
     // DragDrop runs. Over no control (nullptr), or a control without a
     // DragDrop, the drag ends with nothing done.
@@ -142,7 +145,8 @@ class Runtime {
     Form* activeForm_ = nullptr;
     Control* focus_ = nullptr;
     Control* dragSource_ = nullptr;
-    Control* dragTarget_ = nullptr;  // the control the pointer was over last
+    Control* dragTarget_ = nullptr;   // the control the pointer was over last
+    Form* dragFormTarget_ = nullptr;  // or the form, over its own area
     MenuItem* lastPopup_ = nullptr;
     int modalDepth_ = 0;
     bool ended_ = false;

@@ -123,7 +123,14 @@ void DragTracker::Move(const QPointF& global) {
     float x = 0;
     float y = 0;
     forms::Control* target = TargetAt(global, x, y);
-    runtime_.DragMove(target, x, y);
+    QPointF twips;
+    forms::Form* form = !target && hooks_.formAt ? hooks_.formAt(global.toPoint(), twips) : nullptr;
+    if (form) {
+        runtime_.DragMoveOverForm(*form, static_cast<float>(twips.x()),
+                                  static_cast<float>(twips.y()));
+    } else {
+        runtime_.DragMove(target, x, y);
+    }
     if (hooks_.afterEvent) hooks_.afterEvent();
 }
 

@@ -24,6 +24,7 @@ class QWidget;
 
 namespace forms {
 class Control;
+class Form;
 class Runtime;
 }  // namespace forms
 
@@ -37,6 +38,10 @@ class DragTracker : public QObject {
         // The control under a point of the screen, and that point in its
         // widget; nullptr over none.
         std::function<forms::Control*(const QPoint& global, QPoint& local)> controlAt;
+        // The form whose own area lies under a point of the screen where no
+        // control is, and that point in twips of its inner area; nullptr
+        // over none.
+        std::function<forms::Form*(const QPoint& global, QPointF& twips)> formAt;
         // After every event that reached the model.
         std::function<void()> afterEvent;
     };

@@ -27,6 +27,9 @@ QtBinding::QtBinding(shell::LathmarkApp& app, const PixelScale& scale)
     hooks.controlAt = [this](const QPoint& global, QPoint& local) {
         return ControlAt(global, &local);
     };
+    hooks.formAt = [this](const QPoint& global, QPointF& twips) {
+        return FormAreaAt(global, &twips);
+    };
     hooks.afterEvent = [this] { AfterEvent(); };
     drag_ = std::make_unique<DragTracker>(app_.Runtime(), scale_, std::move(hooks));
     // The desktop's modal loop needs to hear when its form goes.
@@ -72,6 +75,21 @@ forms::Control* QtBinding::ControlAt(const QPoint& globalPos, QPoint* local) con
         if (!control) return nullptr;
         if (local) *local = window->WidgetFor(*control)->mapFromGlobal(globalPos);
         return control;
+    }
+    return nullptr;
+}
+
+forms::Form* QtBinding::FormAreaAt(const QPoint& globalPos, QPointF* twips) const {
+    QWidget* widget = QApplication::widgetAt(globalPos);
+    for (QWidget* w = widget; w; w = w->parentWidget()) {
+        auto* window = dynamic_cast<FormWindow*>(w);
+        if (!window) continue;
+        if (widget != window->Surface()) return nullptr;
+        if (twips) {
+            const QPoint local = window->Surface()->mapFromGlobal(globalPos);
+            *twips = QPointF(scale_.ToTwipsX(local.x()), scale_.ToTwipsY(local.y()));
+        }
+        return window->Form();
     }
     return nullptr;
 }

@@ -58,6 +58,9 @@ class QtBinding : public forms::RuntimeObserver {
     // The control under a point of the screen, in any of the program's
     // windows, and that point in the control's widget; nullptr over none.
     forms::Control* ControlAt(const QPoint& globalPos, QPoint* local = nullptr) const;
+    // The form whose own area (no control, no frame) lies under a point of
+    // the screen, with that point in twips of its inner area.
+    forms::Form* FormAreaAt(const QPoint& globalPos, QPointF* twips = nullptr) const;
     // Pops up the menu of a hidden top item (such as "mnuPopup1") at the
     // given place on the screen. It returns at once: the menu stays up until
     // the user picks an entry, whose Click then runs, or closes it.

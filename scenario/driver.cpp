@@ -59,6 +59,13 @@ void Driver::DragOver(forms::Control& source, forms::Control& target, float x, f
     runtime.CancelDrag();
 }
 
+void Driver::DragOverForm(forms::Control& source, forms::Form& target, float x, float y) {
+    forms::Runtime& runtime = source.Parent().GetRuntime();
+    if (!runtime.BeginDrag(source)) return;
+    runtime.DragMoveOverForm(target, x, y);
+    runtime.CancelDrag();
+}
+
 void Driver::ClickForm(forms::Form& form, float x, float y) {
     form.GetRuntime().PressMouse(form, forms::kLeftButton, 0, x, y);
     if (form.MouseUp) form.MouseUp(forms::kLeftButton, 0, x, y);
@@ -75,13 +82,13 @@ void Driver::MouseUpForm(forms::Form& form, float x, float y) {
     if (form.MouseUp) form.MouseUp(forms::kLeftButton, 0, x, y);
 }
 
-void Driver::DragToForm(forms::Control& source, float sourceX, float sourceY,
-                        forms::Form& /*target*/, float /*x*/, float /*y*/) {
+void Driver::DragToForm(forms::Control& source, float sourceX, float sourceY, forms::Form& target,
+                        float x, float y) {
     forms::Runtime& runtime = source.Parent().GetRuntime();
     runtime.PressMouse(source, forms::kLeftButton, 0, sourceX, sourceY);
     runtime.DragMove(&source, sourceX, sourceY);
-    runtime.DragMove(nullptr, 0, 0);
-    runtime.Drop(nullptr, 0, 0);
+    runtime.DragMoveOverForm(target, x, y);
+    runtime.Drop(nullptr, x, y);
 }
 
 void Driver::DblClick(forms::Control& control) {

@@ -50,6 +50,8 @@ class Driver {
     // Only the DragOver of `target` at (x, y), in a drag of `source` that is
     // then called off: no MouseDown, no drop.
     virtual void DragOver(forms::Control& source, forms::Control& target, float x, float y);
+    // The same over the own area of `target` at (x, y) of its inner area.
+    virtual void DragOverForm(forms::Control& source, forms::Form& target, float x, float y);
 
     // The left button on the form's own area at (x, y) of its inner area:
     // a click is MouseDown, MouseUp and Click; a double click MouseDown,

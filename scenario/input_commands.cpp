@@ -133,6 +133,13 @@ bool Runner::MouseCommand(const Words& w) {
     forms::Control* source = FindControl(w[1].text);
     forms::Control* target = FindControl(w[drag ? 3 : 2].text);
     auto x = ParseNumber(w[drag ? 5 : 3].text), y = ParseNumber(w[drag ? 6 : 4].text);
+    if (over && source && !target && x && y) {
+        // Over a form's own area, where no control lies.
+        forms::Form* form = FindForm(w[2].text);
+        if (!form) return false;
+        GetDriver().DragOverForm(*source, *form, static_cast<float>(*x), static_cast<float>(*y));
+        return true;
+    }
     if (!source || !target || !x || !y) return false;
     const auto ownX = static_cast<float>(*x - target->DragOffsetX());
     const auto ownY = static_cast<float>(*y - target->DragOffsetY());

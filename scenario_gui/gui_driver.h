@@ -48,6 +48,7 @@ class GuiDriver : public Driver {
     void DragAndDrop(forms::Control& source, float sourceX, float sourceY, forms::Control& target,
                      float x, float y) override;
     void DragOver(forms::Control& source, forms::Control& target, float x, float y) override;
+    void DragOverForm(forms::Control& source, forms::Form& target, float x, float y) override;
     void ClickForm(forms::Form& form, float x, float y) override;
     void DblClickForm(forms::Form& form, float x, float y) override;
     void MouseUpForm(forms::Form& form, float x, float y) override;

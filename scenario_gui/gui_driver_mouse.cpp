@@ -146,6 +146,20 @@ void GuiDriver::DragOver(forms::Control& source, forms::Control& target, float x
     if (runtime.Dragging()) runtime.CancelDrag();
 }
 
+void GuiDriver::DragOverForm(forms::Control& source, forms::Form& target, float x, float y) {
+    const auto to = PointerOnForm(target, x, y);
+    if (!to) {
+        Driver::DragOverForm(source, target, x, y);
+        return;
+    }
+    QTest::mouseMove(to->window, to->at + QPoint(0, to->at.y() > 0 ? -1 : 1));
+    forms::Runtime& runtime = source.Parent().GetRuntime();
+    if (!runtime.BeginDrag(source)) return;
+    QTest::mouseMove(to->window, to->at);
+    QTest::keyClick(to->window, Qt::Key_Escape);
+    if (runtime.Dragging()) runtime.CancelDrag();
+}
+
 void GuiDriver::ClickForm(forms::Form& form, float x, float y) {
     const auto pointer = PointerOnForm(form, x, y);
     if (!pointer) {
