@@ -48,6 +48,9 @@ struct Program {
     std::int32_t ConverterReadoutColor = 8454143;
     std::int32_t ConverterResultColor = 8454143;
 
+    // The converter is folded up to its top label.
+    bool Collapsed = false;
+
     // The design rectangle of each control of Calculator, by its place in the
     // form's list, so that zooming back restores rather than multiplies.
     std::vector<std::int32_t> ControlLefts, ControlTops, ControlWidths, ControlHeights;
