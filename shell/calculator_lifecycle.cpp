@@ -6,6 +6,7 @@
 #include "shell/display_options.h"
 #include "shell/placement.h"
 #include "shell/settings_io.h"
+#include "shell/zoom.h"
 
 namespace shell {
 
@@ -42,6 +43,7 @@ void StoreDesignGeometry(core::Program& p) {
 
 // The saved display options act only after the design geometry is stored.
 void ApplySavedOptions(core::Program& p, const SavedOptions& o) {
+    if (o.Zoom) ZoomSmallClick(p);
     if (o.Accuracy) ThirtySecondClick(p);
     if (o.Converter) converter::MenuConverterClick(p);
     if (!o.ShowKeys) ShowKeysClick(p);
