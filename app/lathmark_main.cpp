@@ -8,6 +8,7 @@
 #include "qtbind/font_map.h"
 #include "qtbind/qt_beeper.h"
 #include "qtbind/qt_binding.h"
+#include "qtbind/qt_color_dialogs.h"
 #include "qtbind/qt_file_dialogs.h"
 #include "qtbind/qt_message_boxes.h"
 #include "qtbind/qt_modal_host.h"
@@ -34,6 +35,7 @@ int main(int argc, char** argv) {
     qtbind::QtModalHost modal;
     qtbind::QtTextMeasure textMeasure(scale);
     qtbind::QtFileDialogs fileDialogs;
+    qtbind::QtColorDialogs colorDialogs;
     // The memory file goes where the user chooses, on the local disk.
     forms::DiskFiles files;
     forms::Services services;
@@ -44,6 +46,7 @@ int main(int argc, char** argv) {
     services.textMeasure = &textMeasure;
     services.fileDialogs = &fileDialogs;
     services.files = &files;
+    services.colorDialogs = &colorDialogs;
 
     shell::LathmarkApp app(services, qtbind::ScreenInfoOf(screen));
     qtbind::QtBinding binding(app, scale);

@@ -2,6 +2,7 @@
 // interface: the real desktop and the headless test runs supply their own.
 #pragma once
 
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <vector>
@@ -82,6 +83,15 @@ class FileDialogs {
     virtual std::optional<std::string> Show(const FileDialogRequest& request) = 0;
 };
 
+// The desktop's dialog for choosing a colour. Colours are 32-bit numbers
+// with red in the low byte.
+class ColorDialogs {
+  public:
+    virtual ~ColorDialogs() = default;
+    // Waits for the user: the colour chosen, or nothing when cancelled.
+    virtual std::optional<std::uint32_t> Show(std::uint32_t initial) = 0;
+};
+
 // The user's files, as the program reads and writes them whole.
 class FileStore {
   public:
@@ -117,6 +127,7 @@ struct Services {
     TextMeasure* textMeasure = nullptr;
     FileDialogs* fileDialogs = nullptr;
     FileStore* files = nullptr;
+    ColorDialogs* colorDialogs = nullptr;
 };
 
 }  // namespace forms

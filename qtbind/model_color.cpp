@@ -7,4 +7,10 @@ QColor ModelColor(std::uint32_t color) {
                   static_cast<int>((color >> 16) & 0xFF));
 }
 
+std::uint32_t ModelColorOf(const QColor& color) {
+    return static_cast<std::uint32_t>(color.red()) |
+           static_cast<std::uint32_t>(color.green()) << 8 |
+           static_cast<std::uint32_t>(color.blue()) << 16;
+}
+
 }  // namespace qtbind

@@ -8,5 +8,7 @@
 namespace qtbind {
 
 QColor ModelColor(std::uint32_t color);
+// The other way: a colour chosen in Qt as the model keeps it.
+std::uint32_t ModelColorOf(const QColor& color);
 
 }  // namespace qtbind

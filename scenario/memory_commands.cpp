@@ -1,5 +1,5 @@
 // The scenario's commands that look at the memory cells and the forms:
-// `cells`, `memory`, `tapes`, `forms`, `prompts`, `color`, and `show` of a
+// `cells`, `memory`, `tapes`, `forms`, `prompts`, and `show` of a
 // control or form of any window.
 #include <ostream>
 
@@ -66,18 +66,6 @@ bool Runner::MemoryReport(const Words& w) {
             out_ << Quote(shown.proposed) << " "
                  << (shown.calculatorTopMost ? "topmost" : "not topmost") << "\n";
         }
-        return true;
-    }
-    if (verb == "color" && w.size() == 2) {
-        if (w[1].text.find('.') != std::string::npos) {
-            forms::Control* c = FindControl(w[1].text);
-            if (!c) return false;
-            out_ << c->BackColor() << "\n";
-            return true;
-        }
-        forms::Form* f = FindForm(w[1].text);
-        if (!f) return false;
-        out_ << f->BackColor() << "\n";
         return true;
     }
     if (verb == "visible" && w.size() == 2 && w[1].text.find('.') != std::string::npos) {

@@ -27,7 +27,7 @@ void Runner::StopApp() {
 shell::LathmarkApp& Runner::App() {
     if (!app_) {
         forms::Services services{&beeper_,      &messages_,    &settings_, &prompts_,
-                                 &textMeasure_, &fileDialogs_, &files_};
+                                 &textMeasure_, &fileDialogs_, &files_,    &colorDialogs_};
         app_ = StartApp(services, screen_);
         // An accuracy chosen before the start acts on the program as well.
         if (accuracyChosen_) app_->Program().AccuracyDenominator = accuracy_;
@@ -66,6 +66,7 @@ bool Runner::Execute(const Words& w) {
     }
     if (MeasureCommand(w)) return true;
     if (FileCommand(w)) return true;
+    if (LookCommand(w)) return true;
     if (w[0].text == "setting" && w.size() == 4 && !app_) {
         settings_.Write(w[1].text, w[2].text, w[3].text);
         return true;

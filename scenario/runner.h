@@ -10,6 +10,7 @@
 
 #include "forms/disk_files.h"
 #include "forms/headless_services.h"
+#include "scenario/color_dialog_host.h"
 #include "scenario/driver.h"
 #include "scenario/file_dialog_host.h"
 #include "scenario/prompt_host.h"
@@ -61,6 +62,8 @@ class Runner {
     forms::Control* FindControl(const std::string& name);
     // file_commands.cpp
     bool FileCommand(const Words& w);
+    // look_commands.cpp
+    bool LookCommand(const Words& w);
     // A file name of the scenario: absolute as it is, else in the scratch
     // folder; an empty name stays empty.
     std::string ScratchPath(const std::string& name) const;
@@ -75,6 +78,7 @@ class Runner {
     forms::MemorySettingsStore settings_;
     forms::HalfEmTextMeasure textMeasure_;
     FileDialogHost fileDialogs_;
+    ColorDialogHost colorDialogs_;
     // The program keeps its files in the run's own folder, made before the
     // store that names it.
     ScratchFolder scratch_;

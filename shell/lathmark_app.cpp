@@ -9,7 +9,9 @@
 #include "memory/wire_memory.h"
 #include "shell/calculator_lifecycle.h"
 #include "shell/catalogue.h"
+#include "shell/color_menu.h"
 #include "shell/display_options.h"
+#include "shell/zoom.h"
 #include "tape/tape_window.h"
 
 namespace shell {
@@ -36,6 +38,8 @@ LathmarkApp::LathmarkApp(forms::Services services, forms::ScreenInfo screen)
     core::WireCalculator(p);
     WireCalculatorLifecycle(p);
     WireDisplayOptions(p);
+    WireZoom(p);
+    WireColorMenu(p);
     tape::WireTapeWindow(p);
     converter::WireConverterWindow(p);
     memory::WireMemory(p);
