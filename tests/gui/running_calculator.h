@@ -1,8 +1,8 @@
 // The whole program behind its real windows, on services that answer at
 // once (no beep, no message box, settings in memory), with the desktop's
-// modal loop for the name prompt, its text measure and its file dialog, and
-// the user's files on disk in a folder of the test's own, for tests that
-// drive the widgets as the user would.
+// modal loop for the name prompt, its text measure, its file and colour
+// dialogs, and the user's files on disk in a folder of the test's own, for
+// tests that drive the widgets as the user would.
 #pragma once
 
 #include <QApplication>
@@ -18,8 +18,10 @@
 
 #include "forms/disk_files.h"
 #include "forms/headless_services.h"
+#include "qtbind/form_surface.h"
 #include "qtbind/form_window.h"
 #include "qtbind/qt_binding.h"
+#include "qtbind/qt_color_dialogs.h"
 #include "qtbind/qt_file_dialogs.h"
 #include "qtbind/qt_modal_host.h"
 #include "qtbind/qt_text_measure.h"
@@ -42,7 +44,7 @@ class RunningCalculator {
     RunningCalculator()
         : textMeasure(qtbind::ScaleOf(QGuiApplication::primaryScreen())),
           app_(forms::Services{&beeper, &messages, &settings, &modal, &textMeasure, &fileDialogs,
-                               &files},
+                               &files, &colorDialogs},
                qtbind::ScreenInfoOf(QGuiApplication::primaryScreen())),
           binding_(app_) {
         app_.Start();
@@ -94,6 +96,7 @@ class RunningCalculator {
     qtbind::QtModalHost modal;
     qtbind::QtTextMeasure textMeasure;
     qtbind::QtFileDialogs fileDialogs;
+    qtbind::QtColorDialogs colorDialogs;
     // The program's own folder, gone with the test.
     QTemporaryDir programFolder;
     forms::DiskFiles files{QFile::encodeName(programFolder.path()).toStdString()};
