@@ -48,11 +48,14 @@ forms::Form& MakeConverter(forms::Runtime& runtime) {
     f.SetCaption("Converter");
     f.SetDesignInnerSize(1695, 1935);
     f.SetBackColor(kTeal);
-    Add(f, "Label1", ControlKind::Label, 60, 120, 1575, 255, " Drop Here     ")
-        .SetBackColor(kPaleYellow);
+    Control& echo = Add(f, "Label1", ControlKind::Label, 60, 120, 1575, 255, " Drop Here     ");
+    echo.SetBackColor(kPaleYellow);
+    echo.SetFont(Font{"MS Sans Serif", 8.25, true});
     for (int i = 2; i <= 6; ++i) {
-        Add(f, "lblLabel", ControlKind::Label, 60, 420 + (i - 2) * 300, 1575, 255, "", i)
-            .SetBackColor(kPaleYellow);
+        Control& line =
+            Add(f, "lblLabel", ControlKind::Label, 60, 420 + (i - 2) * 300, 1575, 255, "", i);
+        line.SetBackColor(kPaleYellow);
+        line.SetAlignment(Alignment::Right);
     }
     return f;
 }
