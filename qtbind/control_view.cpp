@@ -43,9 +43,7 @@ ControlView::ControlView(forms::Control& control, QWidget* parent, const PixelSc
     : control_(&control), scale_(scale), clicked_(std::move(clicked)) {
     widget_ = MakeWidget(parent);
     if (!widget_) return;
-    const QString name = QString::fromStdString(control.FullName());
-    widget_->setObjectName(name);
-    widget_->setAccessibleName(name);
+    widget_->setObjectName(QString::fromStdString(control.FullName()));
     Apply();
 }
 
@@ -119,8 +117,23 @@ void ControlView::Apply() {
     ApplyCaption();
     const QString tip = QString::fromStdString(control_->ToolTipText());
     if (widget_->toolTip() != tip) widget_->setToolTip(tip);
+    ApplyAccessibleText();
     if (widget_->isEnabled() != control_->Enabled()) widget_->setEnabled(control_->Enabled());
     if (widget_->isHidden() == control_->Visible()) widget_->setVisible(control_->Visible());
+}
+
+void ControlView::ApplyAccessibleText() {
+    if (!control_ || !widget_) return;
+    QString name = QString::fromStdString(control_->FullName());
+    // Every memory cell has a Label1: the cell's name tells them apart.
+    const forms::Form& form = control_->Parent();
+    if (form.MdiParent()) name += QLatin1Char(' ') + QString::fromStdString(form.Caption());
+    if (widget_->accessibleName() != name) widget_->setAccessibleName(name);
+    // What the tool tip says of the control, a screen reader says too.
+    const QString description = QString::fromStdString(control_->ToolTipText());
+    if (widget_->accessibleDescription() != description) {
+        widget_->setAccessibleDescription(description);
+    }
 }
 
 void ControlView::ApplyGeometry() {

@@ -28,6 +28,10 @@ class ControlView {
     // Brings the widget up to date with every property of the control;
     // properties that did not change leave the widget alone.
     void Apply();
+    // The name and description that screen readers get: the control's name
+    // ("Number(7)", "Readout"; a memory cell's "Label1 Memory 1", with the
+    // cell's name, which changes with it) and its tool tip.
+    void ApplyAccessibleText();
     // The control is going away with its form: the widget forgets it.
     void Detach();
 

@@ -122,8 +122,12 @@ void FormWindow::ApplyForm() {
     const QString title = QString::fromStdString(form_->Caption());
     if (windowTitle() != title) {
         setWindowTitle(title);
-        // A cell writes its caption itself.
-        if (childFrame_) update();
+        // A cell writes its caption itself, and its controls carry it in
+        // their accessible names.
+        if (childFrame_) {
+            update();
+            for (auto& view : views_) view->ApplyAccessibleText();
+        }
     }
     surface_->SetBackColor(ModelColor(form_->BackColor()));
     // Out of the maximised state first, so that the model's rectangle then
