@@ -58,6 +58,10 @@ class Form {
     // The form's own font, which TextWidth measures with.
     const Font& GetFont() const { return font_; }
     void SetFont(Font font) { font_ = std::move(font); }
+    // Whether the form shows the program's icon on its frame and in the
+    // desktop's list of windows. Set once, before the form is loaded.
+    bool HasIcon() const { return hasIcon_; }
+    void SetHasIcon(bool hasIcon) { hasIcon_ = hasIcon; }
 
     // The parent whose inner area holds this form; nullptr for a window of
     // its own. Set once, before the form is loaded.
@@ -158,7 +162,7 @@ class Form {
     std::string caption_, tag_;
     Font font_;
     Form* mdiParent_ = nullptr;
-    bool instance_ = false, modal_ = false;
+    bool instance_ = false, modal_ = false, hasIcon_ = false;
     Form* activeChild_ = nullptr;  // of a parent: the child active last
     // The rectangle to come back to from the maximised state.
     double normalLeft_ = 0, normalTop_ = 0, normalWidth_ = 0, normalHeight_ = 0;

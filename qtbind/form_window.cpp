@@ -9,6 +9,7 @@
 #include "qtbind/form_input.h"
 #include "qtbind/form_surface.h"
 #include "qtbind/model_color.h"
+#include "qtbind/program_icon.h"
 
 namespace qtbind {
 
@@ -37,6 +38,8 @@ FormWindow::FormWindow(forms::Form& form, const PixelScale& scale, WindowCallbac
     const QString name = QString::fromStdString(form.Name());
     setObjectName(name);
     setAccessibleName(name);
+    // Forms drawn without an icon leave the frame to the desktop's default.
+    if (form.HasIcon()) setWindowIcon(ProgramIcon());
     // The program ends when the model says so, never because a window shut.
     setAttribute(Qt::WA_QuitOnClose, false);
     if (ShowsWithoutActivating(form)) setAttribute(Qt::WA_ShowWithoutActivating);

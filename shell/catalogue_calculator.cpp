@@ -191,6 +191,7 @@ forms::Form& MakeCalculator(forms::Runtime& runtime) {
     f.SetCaption("Lathmark Calculator");
     f.SetDesignInnerSize(3525, 2925);
     f.SetBackColor(kTeal);
+    f.SetHasIcon(true);
     AddLabels(f);
     AddKeys(f);
     AddPictures(f);

@@ -65,6 +65,7 @@ forms::Form& MakeMemoryParent(forms::Runtime& runtime) {
     f.SetCaption("Memory");
     f.SetDesignInnerSize(1935, 630);
     f.SetBackColor(kAppWorkspace);
+    f.SetHasIcon(true);
     return f;
 }
 
