@@ -19,6 +19,9 @@
 int main(int argc, char** argv) {
     QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("Lathmark"));
+    // The desktop entry this program is started from, for the desktop to
+    // match its windows with the entry (and its icon).
+    QGuiApplication::setDesktopFileName(QStringLiteral("io.github.lathmark.Calculator"));
     QApplication::setStyle(QStringLiteral("Fusion"));
     // The program ends when its model says so, not when a window closes.
     QApplication::setQuitOnLastWindowClosed(false);
