@@ -1,0 +1,119 @@
+#!/usr/bin/env bash
+# Makes the Debian package with CPack, installs it with apt-get, checks what
+# it installed (the desktop entry and AppStream file through their
+# validators, the icons, the guide), runs the installed scenario tool on one
+# scenario, headless and in real windows, starts the installed calculator on
+# a private X display until its window maps, then purges the package and
+# checks that none of its files is left. Needs root, for apt-get.
+# Usage: scripts/package-test.sh [BUILD_DIR]   (default: build/, as
+# scripts/test.sh leaves it; a new folder is configured for Release)
+set -euo pipefail
+root="$(cd "$(dirname "$0")/.." && pwd)"
+build="$(realpath -m "${1:-$root/build}")"
+app_id=io.github.lathmark.Calculator
+scenario=equal_again_adds_total
+say() { echo "package-test: $*"; }
+fail() { echo "package-test: FAILED: $*" >&2; exit 1; }
+
+[ "$(id -u)" -eq 0 ] || fail "installing the package needs root"
+"$root/scripts/deps.sh"
+if dpkg-query -W -f='${Status}' lathmark 2>/dev/null | grep -q "install ok installed"; then
+    fail "a lathmark package is installed already; remove it first"
+fi
+
+if [ ! -f "$build/build.ninja" ]; then
+    cmake -S "$root" -B "$build" -G Ninja -DCMAKE_BUILD_TYPE=Release \
+        -DLATHMARK_BUILD_TESTS=OFF >/dev/null
+fi
+cmake --build "$build" --target lathmark lathmark-scenario lathmark_icon_pngs >/dev/null
+rm -rf "$build/package"
+cpack --config "$build/CPackConfig.cmake" -B "$build/package" >/dev/null
+deb="$(ls "$build"/package/lathmark_*.deb)"
+say "built $(basename "$deb"), depends: $(dpkg-deb -f "$deb" Depends)"
+
+source "$root/scripts/xvfb-session.sh"
+installed=""
+finish() {
+    # A failure half-way still takes the package away again.
+    if [ -n "$installed" ]; then
+        DEBIAN_FRONTEND=noninteractive timeout 300 apt-get purge -y -qq lathmark >/dev/null 2>&1 || true
+    fi
+    cleanup
+}
+trap finish EXIT
+
+export DEBIAN_FRONTEND=noninteractive
+timeout 600 apt-get install -y -qq --no-install-recommends "$deb" >"$work/install.log" 2>&1 ||
+    { cat "$work/install.log" >&2; fail "apt-get install"; }
+installed=1
+dpkg -L lathmark >"$work/files"
+say "installed $(wc -l <"$work/files") paths"
+
+# What the package put in place.
+for program in /usr/bin/lathmark /usr/bin/lathmark-scenario; do
+    [ -x "$program" ] || fail "$program is missing"
+done
+desktop-file-validate "/usr/share/applications/$app_id.desktop" || fail "desktop entry"
+appstreamcli validate --no-net "/usr/share/metainfo/$app_id.metainfo.xml" >"$work/appstream.log" 2>&1 ||
+    { cat "$work/appstream.log" >&2; fail "AppStream file"; }
+for size in 16 24 32 48 64 128 256; do
+    [ -f "/usr/share/icons/hicolor/${size}x${size}/apps/$app_id.png" ] || fail "icon ${size}"
+done
+[ -f "/usr/share/icons/hicolor/scalable/apps/$app_id.svg" ] || fail "scalable icon"
+if [ -f "$root/guide/lathmark.html" ]; then
+    [ -f /usr/share/lathmark/guide/lathmark.html ] || fail "the guide is not in share/lathmark/guide"
+fi
+
+# The installed scenario tool, headless and behind real (offscreen) windows.
+# Whatever the programs write goes to a home of their own.
+mkdir -p "$work/home"
+for mode in "" --gui; do
+    (cd "$work" && HOME="$work/home" XDG_CONFIG_HOME="$work/home/.config" \
+        XDG_DATA_HOME="$work/home/.local/share" QT_QPA_PLATFORM=offscreen \
+        timeout 60 /usr/bin/lathmark-scenario $mode "$root/tests/scenarios/$scenario.scn") \
+        >"$work/scenario.out" 2>"$work/scenario.err" ||
+        { cat "$work/scenario.err" >&2; fail "lathmark-scenario $mode"; }
+    diff -u "$root/tests/scenarios/$scenario.out" "$work/scenario.out" ||
+        fail "lathmark-scenario $mode printed other than $scenario.out"
+done
+say "the installed scenario tool runs $scenario.scn as expected, headless and with --gui"
+
+# The installed calculator on the X display, until its window maps.
+HOME="$work/home" XDG_CONFIG_HOME="$work/home/.config" XDG_DATA_HOME="$work/home/.local/share" \
+    QT_QPA_PLATFORM=xcb /usr/bin/lathmark >"$work/lathmark.log" 2>&1 &
+lathmark_pid=$!
+extra_pids+=("$lathmark_pid")
+mapped=""
+for _ in $(seq 200); do
+    if xwininfo -name "Lathmark Calculator" 2>/dev/null | grep -q 'Map State: IsViewable'; then
+        mapped=1
+        break
+    fi
+    kill -0 "$lathmark_pid" 2>/dev/null || break
+    sleep 0.1
+done
+[ -n "$mapped" ] || { cat "$work/lathmark.log" >&2; fail "the calculator's window did not map within 20 s"; }
+kill "$lathmark_pid"
+wait "$lathmark_pid" 2>/dev/null || true
+say "the installed calculator maps its window"
+
+# Away again, and nothing of it left.
+timeout 300 apt-get purge -y -qq lathmark >"$work/purge.log" 2>&1 ||
+    { cat "$work/purge.log" >&2; fail "apt-get purge"; }
+installed=""
+left=0
+while IFS= read -r path; do
+    [ "$path" = "/." ] && continue
+    # Folders shared with other packages stay; the package's own files go.
+    if [ -e "$path" ] && [ ! -d "$path" ] || [ -L "$path" ]; then
+        echo "left behind: $path" >&2
+        left=1
+    fi
+done <"$work/files"
+for dir in /usr/share/lathmark /usr/share/doc/lathmark; do
+    [ ! -e "$dir" ] || { echo "left behind: $dir" >&2; left=1; }
+done
+[ "$left" -eq 0 ] || fail "files are left after the purge"
+status="$(dpkg-query -W -f='${Status}' lathmark 2>/dev/null || true)"
+[ -z "$status" ] || [ "$status" = "unknown ok not-installed" ] || fail "dpkg still has lathmark: $status"
+say "purged; none of its $(grep -c . "$work/files") paths is left but shared folders"
