@@ -129,8 +129,13 @@ void ControlView::ApplyAccessibleText() {
     const forms::Form& form = control_->Parent();
     if (form.MdiParent()) name += QLatin1Char(' ') + QString::fromStdString(form.Caption());
     if (widget_->accessibleName() != name) widget_->setAccessibleName(name);
-    // What the tool tip says of the control, a screen reader says too.
-    const QString description = QString::fromStdString(control_->ToolTipText());
+    // What the tool tip says of the control, a screen reader says too. A
+    // label without a tip describes itself with what it shows, as its name
+    // is taken: the readout's entry or result, a cell's value.
+    QString description = QString::fromStdString(control_->ToolTipText());
+    if (description.isEmpty() && control_->Kind() == forms::ControlKind::Label) {
+        description = DisplayCaption(*control_);
+    }
     if (widget_->accessibleDescription() != description) {
         widget_->setAccessibleDescription(description);
     }

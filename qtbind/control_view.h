@@ -30,7 +30,8 @@ class ControlView {
     void Apply();
     // The name and description that screen readers get: the control's name
     // ("Number(7)", "Readout"; a memory cell's "Label1 Memory 1", with the
-    // cell's name, which changes with it) and its tool tip.
+    // cell's name, which changes with it) and its tool tip; a label without
+    // a tool tip is described by its caption.
     void ApplyAccessibleText();
     // The control is going away with its form: the widget forgets it.
     void Detach();

@@ -1,7 +1,8 @@
 // The windows as a screen reader meets them: every control answers to its
 // own name ("Number(7)", "Equal", "Readout"; a memory cell's label to
-// "Label1" and the cell's name) and describes itself with its tool tip, and
-// the keys can be pressed through the accessibility interface alone.
+// "Label1" and the cell's name) and describes itself with its tool tip (a
+// label without one, with what it shows), and the keys can be pressed
+// through the accessibility interface alone.
 #include <QAccessible>
 #include <QTest>
 #include <memory>
@@ -75,9 +76,10 @@ class AccessibleTest : public QObject {
             QVERIFY(item->actionInterface()->actionNames().contains(
                 QAccessibleActionInterface::pressAction()));
         }
+        // The readout has no tool tip: it is described by what it shows.
         QAccessibleInterface* readout = Named(window, QStringLiteral("Readout"));
         QVERIFY(readout);
-        QCOMPARE(readout->text(QAccessible::Description), QString());
+        QCOMPARE(readout->text(QAccessible::Description), QStringLiteral("0."));
     }
 
     // Every control that has a widget, on every window the program has
@@ -121,6 +123,8 @@ class AccessibleTest : public QObject {
         QTRY_COMPARE(calc->ReadoutText(), QStringLiteral("6\""));
         Press(window, "Equal");
         QTRY_COMPARE(calc->ReadoutText(), QStringLiteral(" 12'- 6\""));
+        QCOMPARE(Named(window, QStringLiteral("Readout"))->text(QAccessible::Description),
+                 QStringLiteral(" 12'- 6\""));
         QCOMPARE(calc->TapeLines(), 4);
         QCOMPARE(calc->TapeLine(4), QStringLiteral(" 12'- 6\" "));
     }
@@ -134,6 +138,8 @@ class AccessibleTest : public QObject {
         QVERIFY(parent);
         QVERIFY(Named(parent, QStringLiteral("Label1 Memory 1")));
         QVERIFY(Named(parent, QStringLiteral("Label1 Memory 2")));
+        QCOMPARE(Named(parent, QStringLiteral("Label1 Memory 1"))->text(QAccessible::Description),
+                 QStringLiteral("0."));
         QVERIFY(!Named(parent, QStringLiteral("Label1")));
 
         forms::Form* first = nullptr;
