@@ -43,8 +43,12 @@ class LineReader {
         while (end < text_.size() && text_[end] != '\r' && text_[end] != '\n') ++end;
         std::string line(text_.substr(at_, end - at_));
         at_ = end;
-        if (at_ < text_.size() && text_[at_] == '\r') ++at_;
-        if (at_ < text_.size() && text_[at_] == '\n' && text_[at_ - 1] != '\n') ++at_;
+        // The line's end: CR LF as one, or a lone CR or LF.
+        if (at_ < text_.size()) {
+            const bool cr = text_[at_] == '\r';
+            ++at_;
+            if (cr && at_ < text_.size() && text_[at_] == '\n') ++at_;
+        }
         return line;
     }
 

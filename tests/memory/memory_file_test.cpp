@@ -289,6 +289,23 @@ TEST_F(MemoryFile, LineFeedsAndAMissingLastLineEndReadTheSame) {
     EXPECT_EQ(Value(*Cells()[0]), "9'- ");
 }
 
+// Every line end counts once, also where lines are empty: LF LF is an
+// empty line between two, and a file may begin with a line end (an empty
+// first line, which reads as 0).
+TEST_F(MemoryFile, EmptyLinesBetweenLineFeedsAreLinesOfTheirOwn) {
+    WriteBytes("empty.mem", "\n 0 \n\n 990 \n 2\n 1935\r\n\r\nA\n\nB\n 5\" ");
+    Choose("empty.mem");
+    Menu("mnuOpen");
+    const auto cells = Cells();
+    ASSERT_EQ(cells.size(), 2u);
+    EXPECT_EQ(cells[0]->Caption(), "");
+    EXPECT_EQ(Value(*cells[0]), "A");
+    EXPECT_EQ(cells[1]->Caption(), "");
+    EXPECT_EQ(Value(*cells[1]), "B");
+    EXPECT_EQ(P().MemoryWidth, 1935);
+    EXPECT_FALSE(P().OpenFileNumbers.contains(2));
+}
+
 // A count that promises more cells than the file holds: the read ends at
 // the end of the file. The cells read so far stay stacked at the corner,
 // the parent no longer reacts to sizing, file number 2 stays in use.
