@@ -67,3 +67,29 @@ TEST_F(CellLayout, AWidthPastThe16BitRangeDropsTheParentsMoveButPlacesTheCells) 
 }
 
 }  // namespace
+
+namespace {
+
+// With its last cell closed by the close box the memory window stays on
+// show, empty, and its Resize then takes the calculator (the first form of
+// the list) for the cell that gives the height of a row: every move it
+// makes of itself asks for a taller window. The window system stops it at
+// the screen and its frame, and the Resize that comes with the last move
+// finds nothing more to change.
+TEST_F(CellLayout, AnEmptyParentSizedByTheUserComesToRestAtTheScreensHeight) {
+    NewMemory();
+    forms::Form& cell = *app->Runtime().OpenForms().back();
+    app->Runtime().Unload(cell);
+    app->MainLoopPass();
+    ASSERT_TRUE(Parent().Visible());
+    WatchParentSizes();
+
+    Parent().ReportGeometry(Parent().Left(), Parent().Top(), 3000, 2000);
+
+    const forms::ScreenInfo& screen = app->Runtime().Screen();
+    const auto insets = Parent().Insets();
+    EXPECT_EQ(Parent().Height(), screen.height + insets.top + insets.bottom);
+    EXPECT_LT(sizes.size(), 10u);
+}
+
+}  // namespace
