@@ -67,10 +67,11 @@ bool Form::Move(double left, double top, double width, double height) {
     if (windowState_ == kMaximized) return false;
     if (width < 0) width = 0;
     if (height < 0) height = 0;
-    // The window system never makes a sizable window larger than its
-    // maximum tracking size, the screen and the frame around it, whoever
-    // asks: a Resize that keeps growing its own window comes to rest there.
-    if (!mdiParent_ && border_ != BorderStyle::FixedSingle && border_ != BorderStyle::FixedDialog) {
+    // The window system never makes a window with the normal sizable frame
+    // larger than its maximum tracking size, the screen and the frame around
+    // it, whoever asks: a Resize that keeps growing its own window comes to
+    // rest there.
+    if (!mdiParent_ && border_ == BorderStyle::Sizable) {
         const ScreenInfo& screen = runtime_.Screen();
         const double widest = screen.width + insets_.left + insets_.right;
         const double tallest = screen.height + insets_.top + insets_.bottom;

@@ -53,6 +53,7 @@ TEST_F(CellLayout, AWidthPastThe16BitRangeDropsTheParentsMoveButPlacesTheCells) 
     NewMemory();
     NewMemory();
     P().MemoryWidth = 20000;
+    app->Runtime().SetScreen({57600, 32400, 15, 15});  // a 4K screen holds it
     Parent().SetWidth(40120);  // two columns of 20,000 would be 40,000: an overflow
     memory::RepackCells(P());
     EXPECT_EQ(Parent().Width(), 40120);

@@ -49,6 +49,9 @@ TEST_F(MemoryFile, SaveAsSetsUpTheDialogForSaving) {
 
 TEST_F(MemoryFile, AFractionalOrHugeGeometryIsWrittenAsASingle) {
     MakeCell("Memory 1", "0.");
+    // No window is larger than the screen lets it be: a desktop of many
+    // screens, then, one above the other.
+    app->Runtime().SetScreen({57600, 12345678, 15, 15});
     PlaceParent(-15, 0.5, 40000, 12345678);
     const std::string text = memory::MemoryFileText(P());
     EXPECT_EQ(text.substr(0, text.find(" 1\r\n")), "-15 \r\n .5 \r\n 40000 \r\n 1.234568E+07 \r\n");
@@ -353,6 +356,7 @@ TEST_F(MemoryFile, AnEmptyFileFailsAtOnce) {
 // at its third line, before the window's caption changes.
 TEST_F(MemoryFile, AWidthPast16BitsIsSavedButFailsTheReadAtLineThree) {
     MakeCell("Memory 1", "0.");
+    app->Runtime().SetScreen({57600, 32400, 15, 15});  // a 4K screen
     PlaceParent(0, 0, 40000, 990);
     Choose("wide.mem");
     Menu("mnuSaveAs");
