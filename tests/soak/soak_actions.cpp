@@ -186,14 +186,24 @@ void Session::Drag() {
             did_ = "dragover " + where;
             driver_.DragOver(source, target, x, y);
             return;
-        case 1:
-            did_ = "drag " + source.Name() + " let go over no target";
+        case 1: {
+            // Let go over the own area of a window on show, where no
+            // control takes it.
+            std::vector<forms::Form*> forms;
+            for (forms::Form* form : R().OpenForms()) {
+                if (OnShow(*form)) forms.push_back(form);
+            }
+            if (forms.empty()) return;
+            forms::Form& over = *forms[Below(random_, forms.size())];
+            did_ = "drag " + source.Name() + " let go over the area of " + over.Name();
             driver_.DragToForm(source, static_cast<float>(source.Width() / 2),
-                               static_cast<float>(source.Height() / 2), *P().Calculator, 60, 60);
+                               static_cast<float>(source.Height() / 2), over, 30, 30);
             return;
+        }
         default:
             did_ = "drag " + where;
             ++drops;
+            if (&target.Parent() == P().Converter) ++converterDrops;
             driver_.DragAndDrop(source, static_cast<float>(source.Width() / 2),
                                 static_cast<float>(source.Height() / 2), target, x, y);
     }
@@ -265,7 +275,26 @@ void Session::WindowAction() {
     auto position = [&](double extent) {
         return static_cast<double>(Below(random_, static_cast<std::size_t>(extent) + 3000)) - 2000;
     };
-    switch (Below(random_, 11)) {
+    switch (Below(random_, 14)) {
+        case 11:
+            if (!p.Converter->Visible()) return;
+            did_ = "converter Label1 double-clicked";
+            driver_.DblClick(p.Converter->Get("Label1"));
+            break;
+        case 12:
+            if (!p.Converter->Visible()) return;
+            did_ = "converter double-clicked";
+            driver_.DblClickForm(*p.Converter, 30, 30);
+            break;
+        case 13: {
+            forms::Form& conv = *p.Converter;
+            if (!conv.Visible()) return;
+            const double w = 300 + static_cast<double>(Below(random_, 6000));
+            const double h = 300 + static_cast<double>(Below(random_, 4000));
+            did_ = "converter sized to " + std::to_string(w) + " by " + std::to_string(h);
+            driver_.MoveWindow(conv, conv.Left(), conv.Top(), w, h);
+            break;
+        }
         case 0: {
             forms::Form& calc = *p.Calculator;
             const double left = position(screen_.width), top = position(screen_.height);

@@ -61,6 +61,19 @@ std::optional<std::string> RandomFileDialogs::Show(const forms::FileDialogReques
     return paths[pick];
 }
 
+std::optional<std::uint32_t> RandomColorDialogs::Show(std::uint32_t initial) {
+    switch (Below(random_, 5)) {
+        case 0:
+            return std::nullopt;
+        case 1:
+            return 0u;
+        case 2:
+            return initial;
+        default:
+            return static_cast<std::uint32_t>(Below(random_, 0x1000000));
+    }
+}
+
 void SoakObserver::ControlChanged(forms::Control& control) {
     if (&control != grid || !failure.empty()) return;
     // A write raises the change with the written cell current.

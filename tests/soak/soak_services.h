@@ -70,6 +70,16 @@ class RandomFileDialogs : public forms::FileDialogs {
     Random& random_;
 };
 
+// The colour dialog: Cancel, black, or any colour.
+class RandomColorDialogs : public forms::ColorDialogs {
+  public:
+    explicit RandomColorDialogs(Random& random) : random_(random) {}
+    std::optional<std::uint32_t> Show(std::uint32_t initial) override;
+
+  private:
+    Random& random_;
+};
+
 // The settings store of the user, kept across the runs. While `capturing`
 // its writes go to `captured` instead, so that what a run would write can
 // be seen without writing it.

@@ -23,7 +23,7 @@ Session::~Session() {
 
 void Session::StartProgram() {
     forms::Services services{&beeper_,  &messages_, &settings_, &prompt_,
-                             &measure_, &dialogs_,  &files_};
+                             &measure_, &dialogs_,  &files_,    &colors_};
     app_ = std::make_unique<shell::LathmarkApp>(services, screen_);
     observer_.grid = &P().tape->Grid1();
     observer_.popup = nullptr;

@@ -28,7 +28,7 @@ class Session {
     std::string Run(long steps);
 
     // Counts, for the report of a run.
-    long restarts = 0, cellsMade = 0, drops = 0, fileReads = 0, fileWrites = 0;
+    long restarts = 0, cellsMade = 0, drops = 0, converterDrops = 0, fileReads = 0, fileWrites = 0;
     long longestTape = 0;
 
   private:
@@ -75,6 +75,7 @@ class Session {
     RandomPrompt prompt_{random_};
     MemoryFiles files_;
     RandomFileDialogs dialogs_{random_};
+    RandomColorDialogs colors_{random_};
     SoakSettings settings_;
     forms::CountingBeeper beeper_;
     forms::HalfEmTextMeasure measure_;

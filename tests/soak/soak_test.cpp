@@ -24,9 +24,9 @@ TEST(Soak, ARandomSessionKeepsEveryInvariant) {
     const std::string failure = session.Run(steps);
     if (!failure.empty()) ADD_FAILURE() << failure;
     std::cout << steps << " steps of seed " << seed << ": " << session.restarts << " starts, "
-              << session.cellsMade << " cells made, " << session.drops << " drops, "
-              << session.fileReads << " opens, " << session.fileWrites << " saves, longest tape "
-              << session.longestTape << " rows\n";
+              << session.cellsMade << " cells made, " << session.drops << " drops ("
+              << session.converterDrops << " on the converter), " << session.fileReads << " opens, "
+              << session.fileWrites << " saves, longest tape " << session.longestTape << " rows\n";
     // The session must have reached what it is meant to drive.
     if (steps >= 10000) {
         EXPECT_GT(session.restarts, 0);
