@@ -34,6 +34,21 @@ void MemorySettingsStore::Write(const std::string& section, const std::string& k
     entries_.push_back({section, key, value});
 }
 
+void RecordingPrinter::SetFontName(const std::string& name) {
+    fontName_ = name;
+}
+
+void RecordingPrinter::PrintLine(const std::string& line) {
+    lines_.push_back(line);
+}
+
+void RecordingPrinter::EndDoc() {
+    // A document is begun by its first line: with none there is nothing.
+    if (lines_.empty()) return;
+    printed.push_back({fontName_, std::move(lines_)});
+    lines_.clear();
+}
+
 double HalfEmTextWidth(const Font& font, const std::string& text) {
     return static_cast<double>(text.size()) * font.Size * 10.0;
 }

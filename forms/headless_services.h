@@ -57,4 +57,52 @@ class HalfEmTextMeasure : public TextMeasure {
     }
 };
 
+// A printer that keeps every document it is sent: the font and the lines.
+class RecordingPrinter : public Printer {
+  public:
+    struct Document {
+        std::string fontName;
+        std::vector<std::string> lines;
+    };
+    void SetFontName(const std::string& name) override;
+    void PrintLine(const std::string& line) override;
+    void EndDoc() override;
+
+    std::vector<Document> printed;
+
+  private:
+    std::string fontName_;
+    std::vector<std::string> lines_;  // of the document under way
+};
+
+// Help with no window: remembers each file it was asked to show, as read.
+class RecordingHelpSystem : public HelpSystem {
+  public:
+    explicit RecordingHelpSystem(std::string executableFolder = "")
+        : folder_(std::move(executableFolder)) {}
+    std::string ExecutableFolder() const override { return folder_; }
+    void SetExecutableFolder(std::string folder) { folder_ = std::move(folder); }
+    void ShowContents(const std::string& helpFile) override { shown.push_back(UpToNul(helpFile)); }
+
+    std::vector<std::string> shown;
+
+  private:
+    std::string folder_;
+};
+
+// A system information tool as the test says: found or not, and every start
+// asked of it remembered.
+class ScriptedSystemInfoTool : public SystemInfoTool {
+  public:
+    std::optional<std::string> Find() const override { return found; }
+    bool Start(const std::string& path) override {
+        started.push_back(path);
+        return startWorks;
+    }
+
+    std::optional<std::string> found;
+    bool startWorks = true;
+    std::vector<std::string> started;
+};
+
 }  // namespace forms

@@ -111,6 +111,45 @@ class FileStore {
     virtual std::string ProgramFolder() = 0;
 };
 
+// The default printer, as the program prints to it: a document is begun by
+// its first line and goes to the printer at EndDoc. Without a printer the
+// lines go nowhere and nothing is said.
+class Printer {
+  public:
+    virtual ~Printer() = default;
+    // The font of the lines that follow: a name at the font's ordinary size.
+    virtual void SetFontName(const std::string& name) = 0;
+    virtual void PrintLine(const std::string& line) = 0;
+    virtual void EndDoc() = 0;
+};
+
+// The text of a C string held in `text`: up to its first NUL.
+inline std::string UpToNul(const std::string& text) {
+    return text.substr(0, text.find('\0'));
+}
+
+// The program's help: its user's guide, shown in a window of the program.
+class HelpSystem {
+  public:
+    virtual ~HelpSystem() = default;
+    // The folder that holds the program's executable.
+    virtual std::string ExecutableFolder() const = 0;
+    // Opens the guide at its contents. `helpFile` is read up to its first
+    // NUL, as the desktop's help call reads a C string.
+    virtual void ShowContents(const std::string& helpFile) = 0;
+};
+
+// The system information tool that the desktop offers, if any.
+class SystemInfoTool {
+  public:
+    virtual ~SystemInfoTool() = default;
+    // The tool's path, or nothing when the desktop offers none.
+    virtual std::optional<std::string> Find() const = 0;
+    // Starts it apart from the program, its window in the normal state;
+    // false when it could not be started.
+    virtual bool Start(const std::string& path) = 0;
+};
+
 // The screen's size in twips and its resolution.
 struct ScreenInfo {
     double width = 1920 * 15.0;
@@ -128,6 +167,9 @@ struct Services {
     FileDialogs* fileDialogs = nullptr;
     FileStore* files = nullptr;
     ColorDialogs* colorDialogs = nullptr;
+    Printer* printer = nullptr;
+    HelpSystem* help = nullptr;
+    SystemInfoTool* systemInfo = nullptr;
 };
 
 }  // namespace forms
