@@ -11,6 +11,8 @@
 #include "shell/catalogue.h"
 #include "shell/color_menu.h"
 #include "shell/display_options.h"
+#include "shell/help_about.h"
+#include "tape/tape_printing.h"
 #include "shell/zoom.h"
 #include "tape/tape_window.h"
 
@@ -43,6 +45,8 @@ LathmarkApp::LathmarkApp(forms::Services services, forms::ScreenInfo screen)
     tape::WireTapeWindow(p);
     converter::WireConverterWindow(p);
     memory::WireMemory(p);
+    tape::WireTapePrinting(p);
+    WireHelpAbout(p);
 }
 
 LathmarkApp::~LathmarkApp() {
