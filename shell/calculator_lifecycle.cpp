@@ -4,6 +4,7 @@
 #include "core/evaluate.h"
 #include "memory/clear_erase.h"
 #include "shell/display_options.h"
+#include "shell/help_about.h"
 #include "shell/placement.h"
 #include "shell/settings_io.h"
 #include "shell/zoom.h"
@@ -55,7 +56,7 @@ void CalculatorLoad(core::Program& p) {
     const SavedOptions options = ReadSettingsSection(p);
     ReadColorsSection(p);
     PlaceCalculator(p);
-    p.HelpFilePath = "lathmark.hlp";
+    p.HelpFilePath = HelpFilePathAtLoad(p);
     p.state.FirstValue.reset();
     p.state.SecondValue.reset();
     p.state.PendingOperation = core::kAddAreas;
