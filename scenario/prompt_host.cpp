@@ -3,6 +3,7 @@
 namespace scenario {
 
 void PromptHost::RunModal(forms::Form& form) {
+    if (other_ && other_(form)) return;
     const forms::Control* text = form.Find("txtText1");
     shown_.push_back({text ? text->Caption() : "", calculatorTopMost_()});
     PromptAnswer answer;

@@ -29,6 +29,9 @@ class PromptHost : public forms::ModalHost {
         : driver_(std::move(driver)), calculatorTopMost_(std::move(calculatorTopMost)) {}
 
     void RunModal(forms::Form& form) override;
+    // Another modal form than the name prompt goes here first; the hook
+    // returns true when it has answered it.
+    void SetOtherModal(std::function<bool(forms::Form&)> other) { other_ = std::move(other); }
 
     void QueueAnswer(PromptAnswer answer) { answers_.push_back(std::move(answer)); }
     // The prompts shown since the last call.
@@ -39,6 +42,7 @@ class PromptHost : public forms::ModalHost {
     std::function<bool()> calculatorTopMost_;
     std::deque<PromptAnswer> answers_;
     std::vector<Shown> shown_;
+    std::function<bool(forms::Form&)> other_;
 };
 
 }  // namespace scenario

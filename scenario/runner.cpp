@@ -8,7 +8,10 @@
 
 namespace scenario {
 
-Runner::Runner(std::ostream& out, std::ostream& err) : out_(out), err_(err) {}
+Runner::Runner(std::ostream& out, std::ostream& err) : out_(out), err_(err) {
+    prompts_.SetOtherModal([this](forms::Form& form) { return AnswerAboutBox(form); });
+    MakeGuideFolders();
+}
 
 Runner::~Runner() = default;
 
@@ -28,6 +31,9 @@ shell::LathmarkApp& Runner::App() {
     if (!app_) {
         forms::Services services{&beeper_,      &messages_,    &settings_, &prompts_,
                                  &textMeasure_, &fileDialogs_, &files_,    &colorDialogs_};
+        services.printer = &printer_;
+        services.help = &help_;
+        services.systemInfo = &systemInfo_;
         app_ = StartApp(services, screen_);
         // An accuracy chosen before the start acts on the program as well.
         if (accuracyChosen_) app_->Program().AccuracyDenominator = accuracy_;
@@ -67,6 +73,7 @@ bool Runner::Execute(const Words& w) {
     if (MeasureCommand(w)) return true;
     if (FileCommand(w)) return true;
     if (LookCommand(w)) return true;
+    if (HelpPrintCommand(w)) return true;
     if (w[0].text == "setting" && w.size() == 4 && !app_) {
         settings_.Write(w[1].text, w[2].text, w[3].text);
         return true;
@@ -91,6 +98,7 @@ bool Runner::Execute(const Words& w) {
             GetDriver().Settle();
             if (!app_->Ended()) app_->MainLoopPass();
         }
+        AfterProgramCommand();
         return true;
     }
     return Report(w);

@@ -69,6 +69,17 @@ class Runner {
     std::string ScratchPath(const std::string& name) const;
     bool WriteScratchFile(const std::string& name, const std::string& content);
     void PrintFile(const std::string& name);
+    // help_print_commands.cpp
+    bool HelpPrintCommand(const Words& w);
+    // The About box shown modally: written down when `about` asked for it,
+    // and closed with OK (after System Info for `about sysinfo`). False for
+    // any other form.
+    bool AnswerAboutBox(forms::Form& about);
+    void AfterProgramCommand();
+    // The folders where the program looks for its guide, in the scratch
+    // folder: a scenario writes a guide there with `writefile`.
+    void MakeGuideFolders();
+    std::string BandText();
 
     std::ostream& out_;
     std::ostream& err_;
@@ -90,6 +101,16 @@ class Runner {
                                    band.end();
                         }};
     forms::ScreenInfo screen_;
+    forms::RecordingPrinter printer_;
+    // The program's executable stands in a folder "bin" of the scratch
+    // folder, so that a scenario can put a guide beside it (bin/guide) or
+    // where an installation keeps it (share/lathmark/guide).
+    forms::RecordingHelpSystem help_{scratch_.Path() + "/bin"};
+    forms::ScriptedSystemInfoTool systemInfo_;
+    std::size_t printedShown_ = 0, helpShown_ = 0;
+    enum class AboutWatch { Off, Ok, SysInfo };
+    AboutWatch aboutWatch_ = AboutWatch::Off;
+    bool aboutShown_ = false;
     std::size_t messagesShown_ = 0;
     std::int16_t accuracy_ = 16;
     bool accuracyChosen_ = false;
