@@ -10,8 +10,11 @@
 #include "qtbind/qt_binding.h"
 #include "qtbind/qt_color_dialogs.h"
 #include "qtbind/qt_file_dialogs.h"
+#include "qtbind/qt_help.h"
 #include "qtbind/qt_message_boxes.h"
 #include "qtbind/qt_modal_host.h"
+#include "qtbind/qt_printer.h"
+#include "qtbind/qt_system_info.h"
 #include "qtbind/qt_text_measure.h"
 #include "qtbind/screen_info.h"
 #include "shell/lathmark_app.h"
@@ -41,6 +44,9 @@ int main(int argc, char** argv) {
     qtbind::QtColorDialogs colorDialogs;
     // The memory file goes where the user chooses, on the local disk.
     forms::DiskFiles files;
+    qtbind::QtPrinter printer;  // the default printer, as each job finds it
+    qtbind::QtHelpSystem help;
+    qtbind::QtSystemInfoTool systemInfo;
     forms::Services services;
     services.beeper = &beeper;
     services.messages = &messages;
@@ -50,6 +56,9 @@ int main(int argc, char** argv) {
     services.fileDialogs = &fileDialogs;
     services.files = &files;
     services.colorDialogs = &colorDialogs;
+    services.printer = &printer;
+    services.help = &help;
+    services.systemInfo = &systemInfo;
 
     shell::LathmarkApp app(services, qtbind::ScreenInfoOf(screen));
     qtbind::QtBinding binding(app, scale);

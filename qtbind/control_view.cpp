@@ -12,6 +12,7 @@
 #include "qtbind/key_button.h"
 #include "qtbind/line_view.h"
 #include "qtbind/model_color.h"
+#include "qtbind/program_picture.h"
 
 namespace qtbind {
 
@@ -189,8 +190,18 @@ void ControlView::ApplyLooks() {
 void ControlView::ApplyCaption() {
     const QString caption = DisplayCaption(*control_);
     switch (control_->Kind()) {
-        case forms::ControlKind::Label:
-        case forms::ControlKind::Picture: {
+        case forms::ControlKind::Picture:
+            // A picture box holds the program's picture, at its own size.
+            if (caption.isEmpty()) {
+                auto* label = static_cast<QLabel*>(widget_);
+                const QSize size = label->size();
+                if (label->pixmap().deviceIndependentSize().toSize() != size) {
+                    label->setPixmap(ProgramPicture(size, label->devicePixelRatioF()));
+                }
+                break;
+            }
+            [[fallthrough]];
+        case forms::ControlKind::Label: {
             auto* label = static_cast<QLabel*>(widget_);
             if (label->text() != caption) label->setText(caption);
             break;
