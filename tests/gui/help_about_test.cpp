@@ -1,0 +1,166 @@
+// The help window, the About box and the readout's sunken frame on the real
+// widgets: the guide opens in a window of the program, a missing guide gets
+// a page that says so, the About box is modal and in front with its texts,
+// its picture and its rules, System Info without a tool shows its message,
+// and the frame around the readout is drawn two pixels outside it, again
+// where the readout has moved.
+#include <QApplication>
+#include <QImage>
+#include <QLabel>
+#include <QPushButton>
+#include <QTest>
+#include <QTextBrowser>
+#include <QTimer>
+#include <memory>
+
+#include "qtbind/qt_help.h"
+#include "running_calculator.h"
+
+using guitest::RunningCalculator;
+
+namespace {
+
+// The window of the About box, once it is up.
+QWidget* AboutWindow() {
+    for (QWidget* w : QApplication::topLevelWidgets()) {
+        if (w->isVisible() && w->findChild<QWidget*>(QStringLiteral("lblVersion"))) return w;
+    }
+    return nullptr;
+}
+
+QString LabelText(QWidget* window, const char* name) {
+    auto* label = window->findChild<QLabel*>(QString::fromLatin1(name));
+    return label ? label->text() : QString();
+}
+
+}  // namespace
+
+class HelpAboutTest : public QObject {
+    Q_OBJECT
+
+  private slots:
+    void cleanup() {
+        calc.reset();
+        guitest::Settle();
+    }
+
+    void TheGuideOpensInAHelpWindow() {
+        qtbind::QtHelpSystem help;
+        help.ShowContents(std::string(LATHMARK_GUIDE) + '\0');
+        guitest::Settle();
+        QTextBrowser* window = help.Window();
+        QVERIFY(window);
+        QVERIFY(window->isVisible());
+        QCOMPARE(window->windowTitle(), QStringLiteral("Lathmark Calculator Help"));
+        QVERIFY(window->toPlainText().contains(QStringLiteral("Typing a measurement")));
+        QCOMPARE(window->source(), QUrl::fromLocalFile(QStringLiteral(LATHMARK_GUIDE)));
+    }
+
+    void AMissingGuideIsSaidSoWithItsPath() {
+        qtbind::QtHelpSystem help;
+        help.ShowContents(std::string("/nowhere/guide/lathmark.html") + '\0' + "junk");
+        guitest::Settle();
+        QTextBrowser* window = help.Window();
+        QVERIFY(window);
+        QVERIFY(window->isVisible());
+        const QString text = window->toPlainText();
+        QVERIFY(text.contains(QStringLiteral("The user's guide is missing")));
+        QVERIFY(text.contains(QStringLiteral("/nowhere/guide/lathmark.html")));
+        QVERIFY(!text.contains(QStringLiteral("junk")));
+    }
+
+    void TheAboutBoxIsModalInFrontAndFilled() {
+        calc = std::make_unique<RunningCalculator>();
+        const auto bandBefore = calc->P().runtime.TopMostBand();
+        bool seen = false;
+        QTimer::singleShot(0, [&] {
+            guitest::Settle();
+            QWidget* about = AboutWindow();
+            QVERIFY(about);
+            seen = true;
+            QCOMPARE(about->windowModality(), Qt::ApplicationModal);
+            QVERIFY(about->windowFlags() & Qt::WindowStaysOnTopHint);
+            QCOMPARE(QApplication::activeModalWidget(), about);
+            QCOMPARE(about->windowTitle(), QStringLiteral("About Lathmark Calculator"));
+            QCOMPARE(LabelText(about, "lblVersion"), QStringLiteral("Version 3.0.4"));
+            QCOMPARE(LabelText(about, "lblTitle"), QStringLiteral("Lathmark Calculator"));
+            QVERIFY(LabelText(about, "lblDescription").contains(QStringLiteral("project")));
+            QVERIFY(LabelText(about, "lblDisclaimer").contains(QStringLiteral("Lathmark")));
+            auto* picture = about->findChild<QLabel*>(QStringLiteral("picIcon"));
+            QVERIFY(picture && !picture->pixmap().isNull());
+            QVERIFY(about->findChild<QWidget*>(QStringLiteral("Line1(0)")));
+            QVERIFY(about->findChild<QWidget*>(QStringLiteral("Line1(1)")));
+            // The tape left the band, the calculator stayed.
+            const auto& band = calc->P().runtime.TopMostBand();
+            QCOMPARE(band.front(), calc->P().Calculator);
+            auto* ok = about->findChild<QPushButton*>(QStringLiteral("cmdOK"));
+            QVERIFY(ok);
+            QTest::mouseClick(ok, Qt::LeftButton);
+        });
+        calc->P().Calculator->GetMenu("mnuAbout").Click();
+        guitest::Settle();
+        QVERIFY(seen);
+        QVERIFY(!AboutWindow());
+        // Back on top, the calculator in front of the tape.
+        const auto& band = calc->P().runtime.TopMostBand();
+        QCOMPARE(band.size(), bandBefore.size());
+        QVERIFY(!calc->P().runtime.FindOpenForm("frmAbout"));
+    }
+
+    void SystemInfoWithoutAToolSaysSo() {
+        calc = std::make_unique<RunningCalculator>();
+        forms::ScriptedSystemInfoTool none;
+        calc->P().runtime.GetServices().systemInfo = &none;
+        QTimer::singleShot(0, [&] {
+            guitest::Settle();
+            QWidget* about = AboutWindow();
+            QVERIFY(about);
+            QTest::mouseClick(about->findChild<QPushButton*>(QStringLiteral("cmdSysInfo")),
+                              Qt::LeftButton);
+            QTest::mouseClick(about->findChild<QPushButton*>(QStringLiteral("cmdOK")),
+                              Qt::LeftButton);
+        });
+        calc->P().Calculator->GetMenu("mnuAbout").Click();
+        guitest::Settle();
+        QCOMPARE(calc->messages.shown.size(), std::size_t{1});
+        QCOMPARE(calc->messages.shown[0].text,
+                 std::string("System Information Is Unavailable At This Time"));
+        QCOMPARE(calc->messages.shown[0].buttons, forms::MessageButtons::OkOnly);
+    }
+
+    void TheReadoutsFrameIsDrawnTwoPixelsOutsideItAndFollowsIt() {
+        calc = std::make_unique<RunningCalculator>();
+        CheckFrame();
+        // The readout where the 75% zoom puts it.
+        calc->P().calc->Readout.Move(139, 191.25, 2385, 258.75);
+        guitest::Settle();
+        CheckFrame();
+    }
+
+  private:
+    void CheckFrame() {
+        QWidget* readout = calc->Widget("Readout");
+        QVERIFY(readout);
+        QWidget* surface = readout->parentWidget();
+        const QImage image = surface->grab().toImage();
+        const qreal ratio = image.devicePixelRatio();
+        const QRect r = readout->geometry();
+        auto at = [&](int x, int y) { return image.pixelColor(QPoint(x, y) * ratio); };
+        // Grey then black at the top left, white then light grey at the
+        // bottom right: a sunken well, drawn again on every paint.
+        for (int round = 0; round < 2; ++round) {
+            QCOMPARE(at(r.left() - 2, r.top() + r.height() / 2), QColor(128, 128, 128));
+            QCOMPARE(at(r.left() - 1, r.top() + r.height() / 2), QColor(0, 0, 0));
+            QCOMPARE(at(r.left() + r.width() / 2, r.top() - 2), QColor(128, 128, 128));
+            QCOMPARE(at(r.right() + 2, r.top() + r.height() / 2), QColor(255, 255, 255));
+            QCOMPARE(at(r.right() + 1, r.top() + r.height() / 2), QColor(192, 192, 192));
+            QCOMPARE(at(r.left() + r.width() / 2, r.bottom() + 2), QColor(255, 255, 255));
+            surface->repaint();
+        }
+    }
+
+    std::unique_ptr<RunningCalculator> calc;
+};
+
+QTEST_MAIN(HelpAboutTest)
+#include "help_about_test.moc"
