@@ -109,6 +109,10 @@ forms::Form& MakeAboutBox(forms::Runtime& runtime) {
     Add(f, "Line1", ControlKind::Line, 210, 2430, 5225, 0, "", 1).SetForeColor(0x808080);
     Add(f, "Line1", ControlKind::Line, 240, 2445, 5210, 0, "", 0).SetForeColor(kWhite);
     Add(f, "lblDisclaimer", ControlKind::Label, 255, 2625, 3870, 1275);
+    // The texts stand on the dialog's own face.
+    for (const char* label : {"lblTitle", "lblVersion", "lblDescription", "lblDisclaimer"}) {
+        f.Get(label).SetBackTransparent(true);
+    }
     Add(f, "cmdOK", ControlKind::CommandButton, 4245, 3105, 1260, 345, "OK").SetDefault(true);
     Add(f, "cmdSysInfo", ControlKind::CommandButton, 4260, 3555, 1245, 345, "&System Info");
     return f;
