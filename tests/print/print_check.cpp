@@ -6,9 +6,9 @@
 // Writes to standard output the font family that the printer's "Courier"
 // became, then the printed lines as the program handed them over, for the
 // test that reads the printout back.
-#include <QGuiApplication>
 #include <QFont>
 #include <QFontInfo>
+#include <QGuiApplication>
 #include <cstdio>
 #include <cstring>
 #include <string>
@@ -59,8 +59,8 @@ int main(int argc, char** argv) {
         return 2;
     }
     QGuiApplication application(argc, argv);
-    qtbind::QtPrinter real = pdf ? qtbind::QtPrinter(QString::fromLocal8Bit(argv[2]))
-                                 : qtbind::QtPrinter();
+    qtbind::QtPrinter real =
+        pdf ? qtbind::QtPrinter(QString::fromLocal8Bit(argv[2])) : qtbind::QtPrinter();
     TeePrinter printer(real);
     forms::CountingBeeper beeper;
     forms::RecordingMessageBoxes messages;
