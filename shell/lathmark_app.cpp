@@ -12,8 +12,8 @@
 #include "shell/color_menu.h"
 #include "shell/display_options.h"
 #include "shell/help_about.h"
-#include "tape/tape_printing.h"
 #include "shell/zoom.h"
+#include "tape/tape_printing.h"
 #include "tape/tape_window.h"
 
 namespace shell {
