@@ -12,7 +12,7 @@
 #include "qtbind/key_button.h"
 #include "qtbind/line_view.h"
 #include "qtbind/model_color.h"
-#include "qtbind/program_picture.h"
+#include "qtbind/program_icon.h"
 
 namespace qtbind {
 
@@ -191,12 +191,12 @@ void ControlView::ApplyCaption() {
     const QString caption = DisplayCaption(*control_);
     switch (control_->Kind()) {
         case forms::ControlKind::Picture:
-            // A picture box holds the program's picture, at its own size.
+            // A picture box holds the program's icon, at its own size.
             if (caption.isEmpty()) {
                 auto* label = static_cast<QLabel*>(widget_);
                 const QSize size = label->size();
                 if (label->pixmap().deviceIndependentSize().toSize() != size) {
-                    label->setPixmap(ProgramPicture(size, label->devicePixelRatioF()));
+                    label->setPixmap(ProgramIcon().pixmap(size, label->devicePixelRatioF()));
                 }
                 break;
             }
