@@ -2,6 +2,7 @@
 
 #include <cstdio>
 #include <cstdlib>
+#include <utility>
 
 #include "forms/runtime.h"
 
@@ -194,7 +195,11 @@ MenuItem* FindIn(const std::vector<std::unique_ptr<MenuItem>>& items, const std:
 }  // namespace
 
 MenuItem* Form::FindMenu(const std::string& name, int index) const {
-    return FindIn(menus_, name, index);
+    auto key = std::make_pair(name, index);
+    if (auto it = foundMenus_.find(key); it != foundMenus_.end()) return it->second;
+    MenuItem* item = FindIn(menus_, name, index);
+    if (item) foundMenus_.emplace(std::move(key), item);
+    return item;
 }
 
 MenuItem& Form::GetMenu(const std::string& name, int index) const {

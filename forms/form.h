@@ -12,8 +12,10 @@
 
 #include <cstdint>
 #include <functional>
+#include <map>
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "forms/control.h"
@@ -172,6 +174,9 @@ class Form {
     std::int16_t windowState_ = kNormal;
     std::vector<std::unique_ptr<Control>> controls_;
     std::vector<std::unique_ptr<MenuItem>> menus_;
+    // Menu items found before, by name and index: items are never taken
+    // away, and the program looks its menus up by name many times over.
+    mutable std::map<std::pair<std::string, int>, MenuItem*> foundMenus_;
     Control* tabFirst_ = nullptr;
 };
 
