@@ -9,6 +9,8 @@
 # new goes to the build folder, never into the source tree. A failure leaves
 # its input as crash-* in the build folder and ends the script with status 1.
 # FUZZ_SECONDS bounds the time of each target as well (default: no bound).
+# FUZZ_JOBS=N shares the runs among N processes side by side, one corpus
+# between them (their logs are fuzz-*.log in the target's work folder).
 set -euo pipefail
 root="$(cd "$(dirname "$0")/.." && pwd)"
 all_targets=(read_number parse_text format_text combine_texts settings_file memory_file)
@@ -39,6 +41,20 @@ for t in "${targets[@]}"; do
     echo "== fuzz_$t: $runs runs"
     extra=()
     [ -n "${FUZZ_SECONDS:-}" ] && extra+=(-max_total_time="$FUZZ_SECONDS")
-    (cd "$work" && "$build/fuzz/fuzz_$t" -runs="$runs" -dict="$root/fuzz/marks.dict" \
+    each="$runs"
+    if [ "${FUZZ_JOBS:-1}" -gt 1 ]; then
+        each=$(((runs + FUZZ_JOBS - 1) / FUZZ_JOBS))
+        extra+=(-jobs="$FUZZ_JOBS" -workers="$FUZZ_JOBS")
+    fi
+    (cd "$work" && "$build/fuzz/fuzz_$t" -runs="$each" -dict="$root/fuzz/marks.dict" \
         -print_final_stats=1 "${extra[@]}" corpus "$root/fuzz/corpus/$t")
+    if [ "${FUZZ_JOBS:-1}" -gt 1 ]; then
+        for log in "$work"/fuzz-*.log; do
+            echo "-- $(basename "$log")"
+            grep -E '^(Done|stat::)|ERROR|==[0-9]+==' "$log" || true
+        done
+        if grep -lE '^==[0-9]+==ERROR|^SUMMARY|deadly signal|property failed' "$work"/fuzz-*.log; then
+            exit 1
+        fi
+    fi
 done
