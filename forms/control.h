@@ -106,6 +106,9 @@ class Control {
     // The default button of its form: Enter anywhere on the form presses it.
     bool IsDefault() const { return default_; }
     void SetDefault(bool isDefault) { default_ = isDefault; }
+    // The cancel button of its form: Escape anywhere on the form presses it.
+    bool IsCancel() const { return cancel_; }
+    void SetCancel(bool isCancel) { cancel_ = isCancel; }
 
     // Can this control take the keyboard focus at all?
     bool CanFocus() const;
@@ -133,7 +136,8 @@ class Control {
     int index_;
     double left_ = 0, top_ = 0, width_ = 0, height_ = 0;
     std::string caption_, tag_, toolTip_, dragIcon_;
-    bool visible_ = true, enabled_ = true, dragAutomatic_ = false, default_ = false;
+    bool visible_ = true, enabled_ = true, dragAutomatic_ = false, default_ = false,
+         cancel_ = false;
     int selStart_ = 0, selLength_ = 0;
     DragOrigin dragOrigin_ = DragOrigin::Control;
     bool backTransparent_ = false, borderSingle_ = false;

@@ -113,6 +113,7 @@ bool FormInput::eventFilter(QObject* watched, QEvent* event) {
 
 bool FormInput::KeyPressed(QObject* watched, forms::Control* control, QKeyEvent& event) {
     if (!IsFirstDelivery(watched) || IsTab(event)) return false;
+    if (PressedAButton(control, event)) return true;
     const int shift = ShiftState(event.modifiers());
     std::int16_t keyCode = KeyCode(event).value_or(0);
     const bool known = KeyCode(event).has_value();
@@ -131,6 +132,32 @@ bool FormInput::KeyPressed(QObject* watched, forms::Control* control, QKeyEvent&
     const bool consumed = (form_ && FormHasKeys()) || (known && keyCode == 0);
     if (afterEvent_) afterEvent_();
     return consumed;
+}
+
+// On a dialog without keyboard handlers of its own, Escape presses the
+// cancel button and Enter the focused button, or else the default button;
+// a text box presses the default button itself.
+bool FormInput::PressedAButton(forms::Control* control, const QKeyEvent& event) {
+    if (FormHasKeys() || event.modifiers() & ~Qt::KeypadModifier) return false;
+    const bool escape = event.key() == Qt::Key_Escape;
+    const bool enter = event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
+    if (!escape && !enter) return false;
+    if (control && control->Kind() == forms::ControlKind::TextBox) return false;
+    forms::Control* button = nullptr;
+    if (enter && control && control->Kind() == forms::ControlKind::CommandButton) {
+        button = control;
+    } else {
+        for (const auto& c : form_->Controls()) {
+            if ((escape ? c->IsCancel() : c->IsDefault()) && c->Visible() && c->Enabled()) {
+                button = c.get();
+                break;
+            }
+        }
+    }
+    if (!button) return false;
+    if (button->Click) button->Click();
+    if (afterEvent_) afterEvent_();
+    return true;
 }
 
 bool FormInput::KeyReleased(QObject* watched, QKeyEvent& event) {

@@ -3,8 +3,10 @@
 // Keys: a form that has keyboard handlers of its own sees every key before
 // its controls do (KeyDown, KeyPress, KeyUp), and the key then goes no
 // further, so that a focused button never presses itself on Enter or the
-// blank. On other forms the focused control's KeyDown comes first and the
-// widget may then act on the key itself.
+// blank. On other forms Escape presses the cancel button and Enter the
+// focused or the default button, as in any dialog; otherwise the focused
+// control's KeyDown comes first and the widget may then act on the key
+// itself.
 // Mouse: a press is the control's MouseDown (or the form's, on the form's
 // own area), run by the runtime, which then begins the drag of a control
 // that drags automatically; letting go is the MouseUp, and on the form's own
@@ -51,6 +53,7 @@ class FormInput : public QObject {
     bool IsFirstDelivery(QObject* watched) const;
     bool KeyPressed(QObject* watched, forms::Control* control, QKeyEvent& event);
     bool KeyReleased(QObject* watched, QKeyEvent& event);
+    bool PressedAButton(forms::Control* control, const QKeyEvent& event);
     // A mouse event as the model's MouseDown and MouseUp take it: the
     // button, the shift state and the place in twips.
     struct ModelMouse {

@@ -114,6 +114,7 @@ forms::Form& MakeAboutBox(forms::Runtime& runtime) {
         f.Get(label).SetBackTransparent(true);
     }
     Add(f, "cmdOK", ControlKind::CommandButton, 4245, 3105, 1260, 345, "OK").SetDefault(true);
+    f.Get("cmdOK").SetCancel(true);
     Add(f, "cmdSysInfo", ControlKind::CommandButton, 4260, 3555, 1245, 345, "&System Info");
     return f;
 }

@@ -107,6 +107,72 @@ class HelpAboutTest : public QObject {
         QVERIFY(!calc->P().runtime.FindOpenForm("frmAbout"));
     }
 
+    // OK is the box's default and cancel button: Enter and Escape press it
+    // wherever the focus stands, and Enter on System Info presses that one.
+    void EscapeAndEnterPressOk_data() {
+        QTest::addColumn<int>("key");
+        QTest::addColumn<bool>("focusOnSysInfo");
+        QTest::newRow("Escape") << int(Qt::Key_Escape) << false;
+        QTest::newRow("Escape on System Info") << int(Qt::Key_Escape) << true;
+        QTest::newRow("Enter") << int(Qt::Key_Return) << false;
+    }
+    void EscapeAndEnterPressOk() {
+        QFETCH(int, key);
+        QFETCH(bool, focusOnSysInfo);
+        calc = std::make_unique<RunningCalculator>();
+        forms::ScriptedSystemInfoTool none;
+        calc->P().runtime.GetServices().systemInfo = &none;
+        bool seen = false, closedByKey = false;
+        QTimer::singleShot(0, [&] {
+            guitest::Settle();
+            QWidget* about = AboutWindow();
+            QVERIFY(about);
+            seen = true;
+            if (focusOnSysInfo) {
+                about->findChild<QPushButton*>(QStringLiteral("cmdSysInfo"))->setFocus();
+            }
+            // A key goes to the focused widget, wherever that is.
+            QWidget* target = QApplication::focusWidget() ? QApplication::focusWidget() : about;
+            QTest::keyClick(target, static_cast<Qt::Key>(key));
+            closedByKey = !calc->P().runtime.FindOpenForm("frmAbout");
+            // A key that failed must not leave the modal box up.
+            if (!closedByKey) {
+                QTest::mouseClick(about->findChild<QPushButton*>(QStringLiteral("cmdOK")),
+                                  Qt::LeftButton);
+            }
+        });
+        calc->P().Calculator->GetMenu("mnuAbout").Click();
+        guitest::Settle();
+        QVERIFY(seen);
+        QVERIFY(closedByKey);
+        QVERIFY(!AboutWindow());
+        QVERIFY(calc->messages.shown.empty());
+    }
+
+    void EnterOnSystemInfoPressesIt() {
+        calc = std::make_unique<RunningCalculator>();
+        forms::ScriptedSystemInfoTool none;
+        calc->P().runtime.GetServices().systemInfo = &none;
+        QTimer::singleShot(0, [&] {
+            guitest::Settle();
+            QWidget* about = AboutWindow();
+            QVERIFY(about);
+            auto* sysInfo = about->findChild<QPushButton*>(QStringLiteral("cmdSysInfo"));
+            sysInfo->setFocus();
+            QTest::keyClick(sysInfo, Qt::Key_Return);
+            const bool stillUp = calc->P().runtime.FindOpenForm("frmAbout") != nullptr;
+            QTest::mouseClick(about->findChild<QPushButton*>(QStringLiteral("cmdOK")),
+                              Qt::LeftButton);
+            QVERIFY(stillUp);
+        });
+        calc->P().Calculator->GetMenu("mnuAbout").Click();
+        guitest::Settle();
+        QVERIFY(!AboutWindow());
+        QCOMPARE(calc->messages.shown.size(), std::size_t{1});
+        QCOMPARE(calc->messages.shown[0].text,
+                 std::string("System Information Is Unavailable At This Time"));
+    }
+
     void SystemInfoWithoutAToolSaysSo() {
         calc = std::make_unique<RunningCalculator>();
         forms::ScriptedSystemInfoTool none;
