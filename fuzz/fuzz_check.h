@@ -5,12 +5,17 @@
 #include <cstdio>
 #include <cstdlib>
 
+// A target whose input meets a program left by earlier inputs says here
+// what else a failure needs for its repetition.
+inline void (*FuzzCheckContext)() = nullptr;
+
 #define FUZZ_CHECK(condition, ...)                                     \
     do {                                                               \
         if (!(condition)) {                                            \
             std::fprintf(stderr, "property failed: %s\n", #condition); \
             std::fprintf(stderr, __VA_ARGS__);                         \
             std::fprintf(stderr, "\n");                                \
+            if (FuzzCheckContext) FuzzCheckContext();                  \
             std::abort();                                              \
         }                                                              \
     } while (false)

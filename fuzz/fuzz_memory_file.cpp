@@ -1,5 +1,13 @@
-// The memory file reader on any bytes, in a whole program started headless
-// for each input. Whatever the file, the read ends and:
+// The memory file reader on any bytes, in a whole program started headless.
+// A program whose last read worked takes the next file as a user's second
+// Open would, after the Erase All that every Open begins with; a read that
+// failed leaves file number 2 in use and ArrangingMemory at 1, which refuses
+// every later Open, so the next input gets a program started afresh. (Run
+// alone, an input always meets a fresh program; a failure prints the files
+// its program read before, to be read first for the repetition.) Starting a
+// program costs far more than reading a file, and this keeps the long runs
+// affordable.
+// Whatever the file, the read ends and:
 //  - MemoryCount - 1 is the number of open cells, and their numbers are
 //    1, 2, 3 ... in the order of the list of open forms;
 //  - a read that got to the end leaves ArrangingMemory at 0 and no file
@@ -7,6 +15,7 @@
 //    same names and values; a read that failed keeps file number 2 and
 //    ArrangingMemory at 1.
 #include <cstdint>
+#include <cstdio>
 #include <map>
 #include <memory>
 #include <string>
@@ -45,6 +54,8 @@ struct Cell {
     std::int16_t number;
 };
 
+constexpr std::size_t kFilesKept = 4;
+
 struct Session {
     forms::CountingBeeper beeper;
     forms::RecordingMessageBoxes messages;
@@ -62,9 +73,21 @@ struct Session {
         app->MainLoopPass();
     }
 
+    // The files read before the current one, the latest last; the oldest
+    // go once there are enough of them to tell what a failure met.
+    std::vector<std::string> readBefore;
+    std::string current;
+    bool hasRead = false;
+
     // Reads the file of that content, as Open does once the dialog has
     // chosen it.
     void Read(const std::string& content) {
+        if (hasRead) {
+            if (readBefore.size() == kFilesKept) readBefore.erase(readBefore.begin());
+            readBefore.push_back(std::move(current));
+        }
+        hasRead = true;
+        current = content;
         core::Program& p = app->Program();
         files.files["/lathmark/cells.mem"] = content;
         p.MemoryFileName = "/lathmark/cells.mem";
@@ -83,11 +106,35 @@ struct Session {
     }
 };
 
+// The program for the next read: the one given, if its last read worked,
+// or one started afresh.
+Session& Ready(std::unique_ptr<Session>& session) {
+    if (!session || session->app->Program().OpenFileNumbers.contains(2)) {
+        session.reset();
+        session = std::make_unique<Session>();
+    }
+    return *session;
+}
+
+std::unique_ptr<Session> firstSession, secondSession;
+
+void PrintFilesReadBefore() {
+    for (const auto* session : {firstSession.get(), secondSession.get()}) {
+        if (!session) continue;
+        std::fprintf(stderr, "%s program read before this file (oldest first):\n",
+                     session == firstSession.get() ? "the first" : "the second");
+        for (const auto& file : session->readBefore) {
+            std::fprintf(stderr, "---\n%s\n", file.c_str());
+        }
+    }
+}
+
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    FuzzCheckContext = PrintFilesReadBefore;
     const std::string content(reinterpret_cast<const char*>(data), size);
-    Session first;
+    Session& first = Ready(firstSession);
     first.Read(content);
     core::Program& p = first.app->Program();
     const auto cells = first.Cells();
@@ -104,7 +151,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     if (failed) return 0;
     FUZZ_CHECK(p.OpenFileNumbers.empty(), "a file number stays in use");
 
-    Session second;
+    Session& second = Ready(secondSession);
     const std::string written = memory::MemoryFileText(p);
     second.Read(written);
     if (second.app->Program().OpenFileNumbers.contains(2)) {
