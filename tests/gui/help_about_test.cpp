@@ -73,10 +73,7 @@ class HelpAboutTest : public QObject {
         calc = std::make_unique<RunningCalculator>();
         const auto bandBefore = calc->P().runtime.TopMostBand();
         bool seen = false;
-        QTimer::singleShot(0, [&] {
-            guitest::Settle();
-            QWidget* about = AboutWindow();
-            QVERIFY(about);
+        WithAboutBox([&](QWidget* about) {
             seen = true;
             QCOMPARE(about->windowModality(), Qt::ApplicationModal);
             QVERIFY(about->windowFlags() & Qt::WindowStaysOnTopHint);
@@ -97,8 +94,6 @@ class HelpAboutTest : public QObject {
             QVERIFY(ok);
             QTest::mouseClick(ok, Qt::LeftButton);
         });
-        calc->P().Calculator->GetMenu("mnuAbout").Click();
-        guitest::Settle();
         QVERIFY(seen);
         QVERIFY(!AboutWindow());
         // Back on top, the calculator in front of the tape.
@@ -119,14 +114,9 @@ class HelpAboutTest : public QObject {
     void EscapeAndEnterPressOk() {
         QFETCH(int, key);
         QFETCH(bool, focusOnSysInfo);
-        calc = std::make_unique<RunningCalculator>();
-        forms::ScriptedSystemInfoTool none;
-        calc->P().runtime.GetServices().systemInfo = &none;
+        StartWithoutSystemInfoTool();
         bool seen = false, closedByKey = false;
-        QTimer::singleShot(0, [&] {
-            guitest::Settle();
-            QWidget* about = AboutWindow();
-            QVERIFY(about);
+        WithAboutBox([&](QWidget* about) {
             seen = true;
             if (focusOnSysInfo) {
                 about->findChild<QPushButton*>(QStringLiteral("cmdSysInfo"))->setFocus();
@@ -141,8 +131,6 @@ class HelpAboutTest : public QObject {
                                   Qt::LeftButton);
             }
         });
-        calc->P().Calculator->GetMenu("mnuAbout").Click();
-        guitest::Settle();
         QVERIFY(seen);
         QVERIFY(closedByKey);
         QVERIFY(!AboutWindow());
@@ -150,13 +138,8 @@ class HelpAboutTest : public QObject {
     }
 
     void EnterOnSystemInfoPressesIt() {
-        calc = std::make_unique<RunningCalculator>();
-        forms::ScriptedSystemInfoTool none;
-        calc->P().runtime.GetServices().systemInfo = &none;
-        QTimer::singleShot(0, [&] {
-            guitest::Settle();
-            QWidget* about = AboutWindow();
-            QVERIFY(about);
+        StartWithoutSystemInfoTool();
+        WithAboutBox([&](QWidget* about) {
             auto* sysInfo = about->findChild<QPushButton*>(QStringLiteral("cmdSysInfo"));
             sysInfo->setFocus();
             QTest::keyClick(sysInfo, Qt::Key_Return);
@@ -165,8 +148,6 @@ class HelpAboutTest : public QObject {
                               Qt::LeftButton);
             QVERIFY(stillUp);
         });
-        calc->P().Calculator->GetMenu("mnuAbout").Click();
-        guitest::Settle();
         QVERIFY(!AboutWindow());
         QCOMPARE(calc->messages.shown.size(), std::size_t{1});
         QCOMPARE(calc->messages.shown[0].text,
@@ -174,20 +155,13 @@ class HelpAboutTest : public QObject {
     }
 
     void SystemInfoWithoutAToolSaysSo() {
-        calc = std::make_unique<RunningCalculator>();
-        forms::ScriptedSystemInfoTool none;
-        calc->P().runtime.GetServices().systemInfo = &none;
-        QTimer::singleShot(0, [&] {
-            guitest::Settle();
-            QWidget* about = AboutWindow();
-            QVERIFY(about);
+        StartWithoutSystemInfoTool();
+        WithAboutBox([&](QWidget* about) {
             QTest::mouseClick(about->findChild<QPushButton*>(QStringLiteral("cmdSysInfo")),
                               Qt::LeftButton);
             QTest::mouseClick(about->findChild<QPushButton*>(QStringLiteral("cmdOK")),
                               Qt::LeftButton);
         });
-        calc->P().Calculator->GetMenu("mnuAbout").Click();
-        guitest::Settle();
         QCOMPARE(calc->messages.shown.size(), std::size_t{1});
         QCOMPARE(calc->messages.shown[0].text,
                  std::string("System Information Is Unavailable At This Time"));
@@ -204,6 +178,26 @@ class HelpAboutTest : public QObject {
     }
 
   private:
+    // A calculator on a machine where no system information tool is found.
+    void StartWithoutSystemInfoTool() {
+        calc = std::make_unique<RunningCalculator>();
+        calc->P().runtime.GetServices().systemInfo = &noSystemInfoTool;
+    }
+
+    // Opens the About box from the menu and runs `inBox` on its window while
+    // the modal box is up; `inBox` has to close it.
+    template <typename InBox>
+    void WithAboutBox(InBox inBox) {
+        QTimer::singleShot(0, [&] {
+            guitest::Settle();
+            QWidget* about = AboutWindow();
+            QVERIFY(about);
+            inBox(about);
+        });
+        calc->P().Calculator->GetMenu("mnuAbout").Click();
+        guitest::Settle();
+    }
+
     void CheckFrame() {
         QWidget* readout = calc->Widget("Readout");
         QVERIFY(readout);
@@ -225,6 +219,7 @@ class HelpAboutTest : public QObject {
         }
     }
 
+    forms::ScriptedSystemInfoTool noSystemInfoTool;
     std::unique_ptr<RunningCalculator> calc;
 };
 
