@@ -73,21 +73,15 @@ struct Session {
         app->MainLoopPass();
     }
 
-    // The files read before the current one, the latest last; the oldest
-    // go once there are enough of them to tell what a failure met.
-    std::vector<std::string> readBefore;
-    std::string current;
-    bool hasRead = false;
+    // The files read, the current one last; the oldest go once there are
+    // enough of them to tell what a failure met.
+    std::vector<std::string> filesRead;
 
     // Reads the file of that content, as Open does once the dialog has
     // chosen it.
     void Read(const std::string& content) {
-        if (hasRead) {
-            if (readBefore.size() == kFilesKept) readBefore.erase(readBefore.begin());
-            readBefore.push_back(std::move(current));
-        }
-        hasRead = true;
-        current = content;
+        if (filesRead.size() > kFilesKept) filesRead.erase(filesRead.begin());
+        filesRead.push_back(content);
         core::Program& p = app->Program();
         files.files["/lathmark/cells.mem"] = content;
         p.MemoryFileName = "/lathmark/cells.mem";
@@ -123,8 +117,8 @@ void PrintFilesReadBefore() {
         if (!session) continue;
         std::fprintf(stderr, "%s program read before this file (oldest first):\n",
                      session == firstSession.get() ? "the first" : "the second");
-        for (const auto& file : session->readBefore) {
-            std::fprintf(stderr, "---\n%s\n", file.c_str());
+        for (std::size_t i = 0; i + 1 < session->filesRead.size(); ++i) {
+            std::fprintf(stderr, "---\n%s\n", session->filesRead[i].c_str());
         }
     }
 }
