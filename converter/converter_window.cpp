@@ -1,8 +1,8 @@
 #include "converter/converter_window.h"
 
 #include "converter/converter_drop.h"
+#include "forms/top_most.h"
 #include "measure/whole_numbers.h"
-#include "shell/placement.h"
 
 namespace converter {
 
@@ -35,7 +35,7 @@ void MenuConverterClick(core::Program& p) {
     }
     conv.SetVisible(true);
     item.SetChecked(true);
-    shell::SetTopMost(conv, true);
+    forms::SetTopMost(conv, true);
 }
 
 void ConverterUnload(core::Program& p, int& cancel) {

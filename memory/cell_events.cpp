@@ -1,11 +1,11 @@
 #include "memory/cell_events.h"
 
+#include "forms/top_most.h"
 #include "measure/whole_numbers.h"
 #include "memory/cell_drop.h"
 #include "memory/cell_layout.h"
 #include "memory/cells.h"
 #include "memory/input_prompt.h"
-#include "shell/placement.h"
 
 namespace memory {
 
@@ -97,7 +97,7 @@ void CellClick(core::Program& p, forms::Form& cell) {
 
 void CellDblClick(core::Program& p, forms::Form& cell) {
     AskForName(p, cell.Caption());
-    shell::SetTopMost(*p.Calculator, true);
+    forms::SetTopMost(*p.Calculator, true);
     if (!p.InputResult.empty() && cell.Loaded()) {
         cell.SetCaption(p.InputResult);
         if (auto n = CellNumberForRename(cell)) p.tape->CurrentTape = *n;

@@ -1,12 +1,12 @@
 #include "memory/input_prompt.h"
 
-#include "shell/placement.h"
+#include "forms/top_most.h"
 
 namespace memory {
 
 void AskForName(core::Program& p, const std::string& proposed) {
     forms::Form& prompt = *p.frmInput;
-    shell::SetTopMost(*p.Calculator, false);
+    forms::SetTopMost(*p.Calculator, false);
     p.runtime.Load(prompt);
     forms::Control& text = prompt.Get("txtText1");
     text.SetCaption(proposed);

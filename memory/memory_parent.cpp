@@ -1,10 +1,10 @@
 #include "memory/memory_parent.h"
 
 #include "core/evaluate.h"
+#include "forms/top_most.h"
 #include "measure/whole_numbers.h"
 #include "memory/cell_layout.h"
 #include "memory/cells.h"
-#include "shell/placement.h"
 
 namespace memory {
 
@@ -19,10 +19,10 @@ void KeepWindowBands(core::Program& p) {
     forms::Form& parent = *p.MDIForm1;
     const std::int16_t state = parent.WindowState();
     if (state == forms::kMinimized) return;
-    shell::SetTopMost(parent, state == forms::kNormal);
-    if (p.Converter->Visible()) shell::SetTopMost(*p.Converter, true);
-    if (p.frmTape->Visible()) shell::SetTopMost(*p.frmTape, true);
-    shell::SetTopMost(*p.Calculator, true);
+    forms::SetTopMost(parent, state == forms::kNormal);
+    if (p.Converter->Visible()) forms::SetTopMost(*p.Converter, true);
+    if (p.frmTape->Visible()) forms::SetTopMost(*p.frmTape, true);
+    forms::SetTopMost(*p.Calculator, true);
     core::FocusEqual(p);
 }
 

@@ -1,11 +1,11 @@
 #include "memory/new_memory.h"
 
 #include "core/evaluate.h"
+#include "forms/top_most.h"
 #include "measure/whole_numbers.h"
 #include "memory/cell_layout.h"
 #include "memory/cells.h"
 #include "memory/input_prompt.h"
-#include "shell/placement.h"
 
 namespace memory {
 
@@ -83,7 +83,7 @@ void NamedMemoryClick(core::Program& p) {
     cell.SetCaption(p.InputResult);
     NameTheTape(p, cell);
     ApplyCellColours(p, cell);
-    shell::SetTopMost(*p.Calculator, true);
+    forms::SetTopMost(*p.Calculator, true);
     if (cell.Caption().empty()) {
         p.runtime.Unload(cell);
         return;

@@ -2,10 +2,10 @@
 
 #include "converter/converter_window.h"
 #include "core/evaluate.h"
+#include "forms/top_most.h"
 #include "memory/clear_erase.h"
 #include "shell/display_options.h"
 #include "shell/help_about.h"
-#include "shell/placement.h"
 #include "shell/settings_io.h"
 #include "shell/zoom.h"
 

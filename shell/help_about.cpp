@@ -2,9 +2,9 @@
 
 #include <filesystem>
 
+#include "forms/top_most.h"
 #include "memory/cells.h"
 #include "shell/catalogue.h"
-#include "shell/placement.h"
 
 namespace shell {
 

@@ -1,8 +1,8 @@
 #include "tape/tape_window.h"
 
 #include "core/evaluate.h"
+#include "forms/top_most.h"
 #include "measure/whole_numbers.h"
-#include "shell/placement.h"
 
 namespace tape {
 
@@ -29,8 +29,8 @@ bool CalculatorMinimized(core::Program& p) {
 }
 
 void TapeThenCalculatorOnTop(core::Program& p) {
-    shell::SetTopMost(Tape(p), true);
-    shell::SetTopMost(Calc(p), true);
+    forms::SetTopMost(Tape(p), true);
+    forms::SetTopMost(Calc(p), true);
 }
 
 }  // namespace
@@ -84,8 +84,8 @@ void TapeFormResize(core::Program& p) {
     for (int column = 0; column < grid.Cols(); ++column) grid.SetColWidth(column, columnWidth);
     f.Get("cmdScrollTape", 1).SetLeft(f.ScaleWidth() - kArrowWidth);
     if (p.TapeFollowing == 0) {
-        if (f.Visible()) shell::SetTopMost(f, true);
-        shell::SetTopMost(calc, true);
+        if (f.Visible()) forms::SetTopMost(f, true);
+        forms::SetTopMost(calc, true);
     }
     p.TapeResizeGuard = 0;
 }
