@@ -91,6 +91,10 @@ bool Form::Move(double left, double top, double width, double height) {
 }
 
 void Form::ReportGeometry(double left, double top, double width, double height) {
+    // Taking hold of a memory cell's frame makes the cell the active one
+    // before it moves, as on every desktop.
+    if (mdiParent_ && runtime_.ActiveForm() != this) runtime_.Activate(*this);
+    if (!loaded_ || runtime_.Ended()) return;
     // A maximised window stays where the model put it.
     if (windowState_ == kMaximized) return;
     // The window system never lets a frame be dragged smaller than its

@@ -64,6 +64,9 @@ class Form {
     // desktop's list of windows. Set once, before the form is loaded.
     bool HasIcon() const { return hasIcon_; }
     void SetHasIcon(bool hasIcon) { hasIcon_ = hasIcon; }
+    // Whether the form's frame has a close box (its design's ControlBox).
+    bool HasCloseBox() const { return closeBox_; }
+    void SetCloseBox(bool closeBox) { closeBox_ = closeBox; }
 
     // The parent whose inner area holds this form; nullptr for a window of
     // its own. Set once, before the form is loaded.
@@ -164,7 +167,7 @@ class Form {
     std::string caption_, tag_;
     Font font_;
     Form* mdiParent_ = nullptr;
-    bool instance_ = false, modal_ = false, hasIcon_ = false;
+    bool instance_ = false, modal_ = false, hasIcon_ = false, closeBox_ = true;
     Form* activeChild_ = nullptr;  // of a parent: the child active last
     // The rectangle to come back to from the maximised state.
     double normalLeft_ = 0, normalTop_ = 0, normalWidth_ = 0, normalHeight_ = 0;

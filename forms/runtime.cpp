@@ -34,6 +34,21 @@ void Runtime::Load(Form& form) {
     if (form.mdiParent_ && form.loaded_) form.SetVisible(true);
 }
 
+void Runtime::CloseByUser(Form& form) {
+    if (ended_ || !form.loaded_) return;
+    if (form.mdiParent_ && activeForm_ != &form) Activate(form);
+    if (ended_ || !form.loaded_) return;
+    if (!form.closeBox_) {
+        for (const auto& c : form.Controls()) {
+            if (c->IsCancel() && c->Visible() && c->Enabled()) {
+                if (c->Click) c->Click();
+                return;
+            }
+        }
+    }
+    Unload(form);
+}
+
 bool Runtime::Unload(Form& form, int unloadMode) {
     if (!form.loaded_) return true;
     int cancel = 0;

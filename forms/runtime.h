@@ -31,6 +31,12 @@ class Runtime {
     // QueryUnload, then Unload; either may cancel. Returns true when the form
     // was unloaded. An instance form is set aside to be freed.
     bool Unload(Form& form, int unloadMode = 0);
+    // The user closes the form from its frame: its close box, or the window
+    // manager's own close (Alt+F4). A memory cell becomes the active one
+    // first, as a press on its frame makes it. A form whose frame has no
+    // close box can still be closed by the window manager: that close acts
+    // as the form's cancel button, where it has one.
+    void CloseByUser(Form& form);
     // Frees the instance forms unloaded so far. Only call it where no
     // handler of theirs can still be running (between events).
     void FreeUnloaded();

@@ -135,14 +135,14 @@ bool FormInput::KeyPressed(QObject* watched, forms::Control* control, QKeyEvent&
 }
 
 // On a dialog without keyboard handlers of its own, Escape presses the
-// cancel button and Enter the focused button, or else the default button;
-// a text box presses the default button itself.
+// cancel button (from a text box too) and Enter the focused button, or else
+// the default button; a text box presses the default button itself.
 bool FormInput::PressedAButton(forms::Control* control, const QKeyEvent& event) {
     if (FormHasKeys() || event.modifiers() & ~Qt::KeypadModifier) return false;
     const bool escape = event.key() == Qt::Key_Escape;
     const bool enter = event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
     if (!escape && !enter) return false;
-    if (control && control->Kind() == forms::ControlKind::TextBox) return false;
+    if (enter && control && control->Kind() == forms::ControlKind::TextBox) return false;
     forms::Control* button = nullptr;
     if (enter && control && control->Kind() == forms::ControlKind::CommandButton) {
         button = control;

@@ -55,8 +55,9 @@ void FormWindow::ReportDrag(const QRect& outer) {
 
 void FormWindow::RequestClose() {
     if (ModelGone()) return;
-    // The model decides: its QueryUnload and Unload hide or unload the form.
-    form_->GetRuntime().Unload(*form_);
+    // The model decides: its QueryUnload and Unload hide or unload the form,
+    // and a form with no close box takes the close as its cancel.
+    form_->GetRuntime().CloseByUser(*form_);
     AfterEvent();
 }
 
@@ -132,8 +133,8 @@ void FormWindow::mousePressEvent(QMouseEvent* event) {
     if (ModelGone()) return;
     const QPoint at = event->position().toPoint();
     const auto part = childFrame_ ? childFrame_->PartAt(at, size()) : ChildFrame::Part::None;
-    // The close box closes the cell it is on, active or not, and activates
-    // nothing.
+    // The close box activates its cell when it is let go, through the
+    // model's close.
     if (hosting_ == Hosting::MdiChild && part != ChildFrame::Part::CloseBox) ActivateChild();
     if (event->button() == Qt::LeftButton && !ModelGone()) {
         const QPoint global = event->globalPosition().toPoint();

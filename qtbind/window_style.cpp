@@ -45,9 +45,9 @@ Qt::WindowFlags FlagsFor(const forms::Form& form) {
             break;
         case forms::BorderStyle::FixedDialog:
             flags |= Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint;
-            // The prompt for a cell's name has no control box; the About
-            // box has one.
-            if (form.Name() != "frmInput") flags |= Qt::WindowCloseButtonHint;
+            // The prompt for a cell's name has no close box; the About box
+            // has one.
+            if (form.HasCloseBox()) flags |= Qt::WindowCloseButtonHint;
             break;
     }
     return flags;

@@ -30,7 +30,7 @@ void HeadlessDriver::SetWindowState(forms::Form& form, std::int16_t state) {
 }
 
 void HeadlessDriver::CloseWindow(forms::Form& form) {
-    form.GetRuntime().Unload(form);
+    form.GetRuntime().CloseByUser(form);
 }
 
 void Driver::RightClick(forms::Control& control, float x, float y) {

@@ -89,11 +89,15 @@ forms::Form& MakeMemoryCell(forms::Runtime& runtime) {
 forms::Form& MakeInputPrompt(forms::Runtime& runtime) {
     forms::Form& f = runtime.CreateForm("frmInput", forms::BorderStyle::FixedDialog);
     f.SetCaption("Named Memory");
+    f.SetCloseBox(false);
     f.SetDesignInnerSize(3255, 1350);
     Add(f, "Label1", ControlKind::Label, 120, 150, 2895, 225, "Enter a name for this memory cell:");
     Add(f, "txtText1", ControlKind::TextBox, 90, 450, 3075, 285, "Text1");
     Add(f, "Command1", ControlKind::CommandButton, 90, 840, 1485, 405, "OK").SetDefault(true);
-    Add(f, "Command2", ControlKind::CommandButton, 1680, 840, 1485, 405, "Cancel");
+    Add(f, "Command2", ControlKind::CommandButton, 1680, 840, 1485, 405, "Cancel")
+        // What a close by the window manager (and Escape) presses: the
+        // prompt has no close box of its own.
+        .SetCancel(true);
     return f;
 }
 
