@@ -10,6 +10,7 @@
 #include "qtbind/form_surface.h"
 #include "qtbind/model_color.h"
 #include "qtbind/program_icon.h"
+#include "qtbind/x11_desktop.h"
 
 namespace qtbind {
 
@@ -64,6 +65,8 @@ FormWindow::FormWindow(forms::Form& form, const PixelScale& scale, WindowCallbac
     BuildControls();
     input_->Watch(this, nullptr, /*keysOnly=*/true);
     if (DrawsOwnFrame()) setMouseTracking(true);
+    settleTimer_.setInterval(20);
+    QObject::connect(&settleTimer_, &QTimer::timeout, this, [this] { Settle(); });
     ApplyForm();
 }
 
@@ -146,6 +149,11 @@ FormWindow::Placement FormWindow::PlacementFor(double left, double top, double w
     Placement placement{QPoint(scale_.ToPixelsX(left), scale_.ToPixelsY(top)), QSize()};
     if (DrawsOwnFrame()) {
         placement.size = scale_.ToPixels(width, height);
+    } else if (wmMargins_) {
+        const QSize outer = scale_.ToPixels(width, height);
+        placement.size =
+            QSize(std::max(1, outer.width() - wmMargins_->left() - wmMargins_->right()),
+                  std::max(1, outer.height() - wmMargins_->top() - wmMargins_->bottom()));
     } else {
         const forms::FrameInsets in = form_->Insets();
         const QSize inner =
@@ -165,20 +173,44 @@ void FormWindow::ApplyGeometry() {
             // Inside the parent nobody but the user's drags reports a move.
             const QRect outer(placement.position, placement.size);
             if (geometry() != outer) setGeometry(outer);
+        } else if (reporting_ && *reporting_ == ModelFrame()) {
+            // The user's move, taken as it is: the window already stands
+            // there, and the window manager may have carried it further.
         } else {
             applied_.Remember(placement.position, placement.size);
             if (HasFixedSize(*form_)) {
                 if (minimumSize() != placement.size || maximumSize() != placement.size) {
                     setFixedSize(placement.size);
                 }
-            } else if (size() != placement.size) {
-                resize(placement.size);
             }
-            if (pos() != placement.position) move(placement.position);
+            const auto frame = callbacks_.desktop && !isMinimized()
+                                   ? callbacks_.desktop->FrameOf(this)
+                                   : std::nullopt;
+            if (frame && wmMargins_) {
+                // Framed: the client area goes where the frame around it
+                // lands on the model's corner. Asking for the frame's corner
+                // instead would leave the sum to the window manager, which
+                // gets it wrong for a window it has mapped anew.
+                if (frame->outer != ModelFrame() || size() != placement.size) {
+                    setGeometry(
+                        QRect(placement.position + QPoint(wmMargins_->left(), wmMargins_->top()),
+                              placement.size));
+                }
+            } else {
+                if (!HasFixedSize(*form_) && size() != placement.size) resize(placement.size);
+                if (pos() != placement.position) move(placement.position);
+            }
         }
     }
     LayoutChildren();
     --applying_;
+}
+
+QRect FormWindow::ModelFrame() const {
+    const Placement placement =
+        PlacementFor(form_->Left(), form_->Top(), form_->Width(), form_->Height());
+    if (!wmMargins_ || DrawsOwnFrame()) return QRect(placement.position, placement.size);
+    return QRect(placement.position, placement.size.grownBy(*wmMargins_));
 }
 
 void FormWindow::LayoutChildren() {
@@ -240,6 +272,41 @@ void FormWindow::ShowNow() {
     ApplyWindowState();
     --applying_;
     if (callbacks_.shown) callbacks_.shown();
+    StartSettling();
+}
+
+void FormWindow::StartSettling() {
+    if (!callbacks_.desktop || hosting_ == Hosting::MdiChild || !X11Desktop::OnX11()) return;
+    settling_ = true;
+    settleTries_ = 0;
+    settleTimer_.start();
+}
+
+void FormWindow::Settle() {
+    // About two seconds for the window manager to map and frame the window.
+    constexpr int kMostTries = 100;
+    const bool gone = ModelGone() || !isVisible() || !form_->Visible();
+    const auto frame = gone ? std::nullopt : callbacks_.desktop->FrameOf(this);
+    const bool givenUp = ++settleTries_ >= kMostTries;
+    if (!gone && !frame && !givenUp) return;
+    if (frame) {
+        wmMargins_ = frame->margins;
+        // A window mapped anew has a new frame around it.
+        callbacks_.desktop->Watch(this, [this] { ReportGeometry(); });
+        const bool placed = isMinimized() || isMaximized() || frame->outer == ModelFrame();
+        if (!placed && !givenUp) {
+            ApplyGeometry();
+            return;
+        }
+    }
+    settleTimer_.stop();
+    settling_ = false;
+    if (gone) return;
+    // Only now does the window manager know the window well enough to keep
+    // it above the others.
+    if (callbacks_.shown) callbacks_.shown();
+    // Where the window manager would not have the window, it stays.
+    if (givenUp) ReportGeometry();
 }
 
 void FormWindow::ApplyWindowState() {
@@ -287,6 +354,9 @@ void FormWindow::SetSunkenEdgeAround(const forms::Control& control) {
 
 void FormWindow::Detach() {
     form_ = nullptr;
+    settleTimer_.stop();
+    settling_ = false;
+    if (callbacks_.desktop) callbacks_.desktop->Forget(this);
     showPending_ = false;
     drag_.End();
     input_->Detach();

@@ -16,6 +16,8 @@
 // by the program is not reported back as if the user had made it.
 #pragma once
 
+#include <QMargins>
+#include <QTimer>
 #include <QWidget>
 #include <functional>
 #include <memory>
@@ -38,6 +40,7 @@ namespace qtbind {
 class ControlView;
 class FormInput;
 class FormSurface;
+class X11Desktop;
 
 struct WindowCallbacks {
     std::function<void()> afterEvent;  // after every event that reached the model
@@ -46,6 +49,8 @@ struct WindowCallbacks {
     // without taking the activation: the activation goes back to where the
     // model has it.
     std::function<void()> activationRefused;
+    // The window manager's frames, where there is one (X11).
+    X11Desktop* desktop = nullptr;
 };
 
 class FormWindow : public QWidget {
@@ -76,6 +81,11 @@ class FormWindow : public QWidget {
     // twips: the frame's position, and the size of the window's client area
     // (or, for a window that draws its own frame, of the whole). It is what
     // the window system reports once the user has put the window there.
+    //
+    // The model's rectangle is the frame as the window manager draws it:
+    // once the window manager has framed the window, the client area is
+    // the model's size less that frame. Before (and where no window manager
+    // frames windows) the frame is taken to be the model's own.
     struct Placement {
         QPoint position;
         QSize size;
@@ -90,6 +100,9 @@ class FormWindow : public QWidget {
     // than once the statement that showed it is over (a modal form, which
     // must be up before its loop runs).
     void ShowNow();
+    // The window is where the model says, as far as the window manager has
+    // let it be put there: not waiting for a freshly mapped window's frame.
+    bool Settled() const { return !settling_; }
     // A memory cell that is the active one inside its parent shows its
     // title bar in the active colours.
     void SetTitleActive(bool active);
@@ -122,6 +135,12 @@ class FormWindow : public QWidget {
     double TwipsX(int pixels, double model) const;
     double TwipsY(int pixels, double model) const;
     void ReportGeometry();
+    // The window manager has mapped the window anew: its frame is learnt,
+    // watched, and put back where the model has it.
+    void StartSettling();
+    void Settle();
+    // The model's outer rectangle in pixels, as the frame should stand.
+    QRect ModelFrame() const;
     void ReportDrag(const QRect& outer);
     void RequestClose();
     void ActivateChild();
@@ -144,6 +163,14 @@ class FormWindow : public QWidget {
     FrameDrag drag_;
     AppliedGeometry applied_;
     int applying_ = 0;  // depth of the program's own changes under way
+    // The frame that the window manager draws, once known.
+    std::optional<QMargins> wmMargins_;
+    QTimer settleTimer_;
+    int settleTries_ = 0;
+    bool settling_ = false;
+    // The user's move being reported: the window stands where the report
+    // says, whatever the model then makes of it.
+    std::optional<QRect> reporting_;
     bool showPending_ = false;
     bool titleActive_ = false;
     bool closePressed_ = false;

@@ -8,6 +8,7 @@
 #include "forms/runtime.h"
 #include "qtbind/bevel.h"
 #include "qtbind/form_window.h"
+#include "qtbind/x11_desktop.h"
 
 namespace qtbind {
 
@@ -22,8 +23,23 @@ double FormWindow::TwipsY(int pixels, double model) const {
 void FormWindow::ReportGeometry() {
     if (applying_ > 0 || ModelGone() || drag_.Active() || hosting_ == Hosting::MdiChild) return;
     // Maximised or minimised, the window is where the window system keeps
-    // it; the model has its own rectangle for those states.
-    if (!isVisible() || isMinimized() || isMaximized()) return;
+    // it; the model has its own rectangle for those states. A window still
+    // being mapped is where the window manager first puts it, not where the
+    // user wants it.
+    if (!isVisible() || isMinimized() || isMaximized() || settling_) return;
+    if (const auto frame = callbacks_.desktop ? callbacks_.desktop->FrameOf(this) : std::nullopt) {
+        wmMargins_ = frame->margins;
+        const QRect outer = frame->outer;
+        if (applied_.IsEcho(outer.topLeft(), outer.size().shrunkBy(frame->margins))) return;
+        if (outer == ModelFrame()) return;
+        reporting_ = outer;
+        form_->ReportGeometry(TwipsX(outer.x(), form_->Left()), TwipsY(outer.y(), form_->Top()),
+                              TwipsX(outer.width(), form_->Width()),
+                              TwipsY(outer.height(), form_->Height()));
+        reporting_.reset();
+        AfterEvent();
+        return;
+    }
     const QPoint position = pos();
     const QSize client = size();
     if (applied_.IsEcho(position, client)) return;

@@ -6,6 +6,7 @@
 #include <QCursor>
 #include <QGuiApplication>
 #include <QMenu>
+#include <algorithm>
 
 #include "qtbind/drag_tracker.h"
 #include "qtbind/form_surface.h"
@@ -13,6 +14,7 @@
 #include "qtbind/qt_modal_host.h"
 #include "qtbind/screen_info.h"
 #include "qtbind/window_style.h"
+#include "qtbind/x11_desktop.h"
 #include "shell/lathmark_app.h"
 
 namespace qtbind {
@@ -22,6 +24,7 @@ QtBinding::QtBinding(shell::LathmarkApp& app)
 
 QtBinding::QtBinding(shell::LathmarkApp& app, const PixelScale& scale)
     : app_(app), scale_(scale), queue_(std::make_unique<QObject>()) {
+    if (X11Desktop::OnX11()) desktop_ = std::make_unique<X11Desktop>();
     DragTracker::Hooks hooks;
     hooks.widgetFor = [this](const forms::Control& control) { return WidgetFor(control); };
     hooks.controlAt = [this](const QPoint& global, QPoint& local) {
@@ -41,6 +44,7 @@ QtBinding::QtBinding(shell::LathmarkApp& app, const PixelScale& scale)
 QtBinding::~QtBinding() {
     // A drag under way lets the mouse and the cursor go.
     drag_.reset();
+    desktop_.reset();
     if (modalHost_) modalHost_->SetBinding(nullptr);
     if (app_.Runtime().Observer() == this) app_.Runtime().SetObserver(nullptr);
     for (auto& [form, window] : windows_) window->Detach();
@@ -140,6 +144,7 @@ FormWindow* QtBinding::MakeWindow(forms::Form& form) {
     callbacks.afterEvent = [this] { AfterEvent(); };
     callbacks.shown = [this] { Restack(); };
     callbacks.activationRefused = [this] { ScheduleActivation(); };
+    callbacks.desktop = desktop_.get();
     auto* window = new FormWindow(form, scale_, std::move(callbacks), area);
     windows_[&form] = window;
     Decorate(form, *window);
@@ -159,9 +164,19 @@ void QtBinding::Decorate(forms::Form& form, FormWindow& window) {
 void QtBinding::Restack() {
     // A platform that draws no windows has no stacking to keep.
     if (QGuiApplication::platformName() == QLatin1String("offscreen")) return;
+    const auto& band = app_.Runtime().TopMostBand();
+    if (desktop_) {
+        // The window manager keeps the band's windows above all others, and
+        // the others not; a window mapped anew is told again.
+        for (auto& [form, window] : windows_) {
+            if (window->GetHosting() == Hosting::MdiChild || !window->isVisible()) continue;
+            if (!window->Settled()) continue;
+            const bool above = std::find(band.begin(), band.end(), form) != band.end();
+            desktop_->SetAbove(window, above);
+        }
+    }
     // Each window goes to the front in turn, from the back of the band to
     // its front, so that the band's first form ends up in front of all.
-    const auto& band = app_.Runtime().TopMostBand();
     for (auto it = band.rbegin(); it != band.rend(); ++it) {
         FormWindow* window = WindowFor(**it);
         if (window && window->Frame()->isVisible()) window->Frame()->raise();

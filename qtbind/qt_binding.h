@@ -38,6 +38,8 @@ class MenuItem;
 
 namespace qtbind {
 
+class X11Desktop;
+
 class DragTracker;
 class FormWindow;
 class QtModalHost;
@@ -114,6 +116,8 @@ class QtBinding : public forms::RuntimeObserver {
     QPointer<FormWindow> activeChild_;
     // The desktop's modal loop, when the program runs on it.
     QtModalHost* modalHost_ = nullptr;
+    // The window manager's frames and its band of windows above the others.
+    std::unique_ptr<X11Desktop> desktop_;
 };
 
 }  // namespace qtbind
