@@ -2,10 +2,13 @@
 // own; the settings of the last run come from the per-user settings file.
 #include <QApplication>
 #include <QScreen>
+#include <cstdio>
+#include <cstdlib>
 
 #include "forms/disk_files.h"
 #include "forms/settings_file.h"
 #include "qtbind/font_map.h"
+#include "qtbind/platform_choice.h"
 #include "qtbind/qt_beeper.h"
 #include "qtbind/qt_binding.h"
 #include "qtbind/qt_color_dialogs.h"
@@ -20,7 +23,13 @@
 #include "shell/lathmark_app.h"
 
 int main(int argc, char** argv) {
+    const std::string platform =
+        qtbind::PlatformToChoose(std::getenv("QT_QPA_PLATFORM"), std::getenv("DISPLAY"));
+    if (!platform.empty()) setenv("QT_QPA_PLATFORM", platform.c_str(), 1);
     QApplication application(argc, argv);
+    if (qtbind::IsWaylandPlatform(QGuiApplication::platformName().toStdString())) {
+        std::fputs(qtbind::kWaylandWarning, stderr);
+    }
     QApplication::setApplicationName(QStringLiteral("Lathmark"));
     // The desktop entry this program is started from, for the desktop to
     // match its windows with the entry (and its icon).

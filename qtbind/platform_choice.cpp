@@ -1,0 +1,21 @@
+#include "qtbind/platform_choice.h"
+
+namespace qtbind {
+
+std::string PlatformToChoose(const char* chosenPlatform, const char* display) {
+    if (chosenPlatform != nullptr && *chosenPlatform != '\0') return {};
+    if (display != nullptr && *display != '\0') return "xcb";
+    return {};
+}
+
+bool IsWaylandPlatform(const std::string& name) {
+    return name.rfind("wayland", 0) == 0;
+}
+
+const char* const kWaylandWarning =
+    "lathmark: this is a Wayland session without an X display, where a program can neither "
+    "place its windows nor keep them on top: the tape will not stand at the calculator or "
+    "follow it, and other windows can cover the calculator. Start it where Xwayland runs "
+    "(DISPLAY set) to have its windows in place.\n";
+
+}  // namespace qtbind
