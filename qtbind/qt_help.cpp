@@ -1,5 +1,6 @@
 #include "qtbind/qt_help.h"
 
+#include <QApplication>
 #include <QCoreApplication>
 #include <QFileInfo>
 #include <QGuiApplication>
@@ -23,6 +24,29 @@ QString MissingGuidePage(const QString& path) {
         .arg(path.toHtmlEscaped());
 }
 
+// Room left for the window manager's frame around the help window, which
+// is not known before the window is first shown.
+constexpr int kFrameRoom = 40;
+
+// Wholly on the screen that holds the calculator (the window the user asked
+// for help from), in the middle of it, as large as the guide wants or as the
+// screen allows.
+void PlaceOnScreen(QWidget& window) {
+    const QWidget* from = QApplication::activeWindow();
+    const QScreen* screen = from ? from->screen() : QGuiApplication::primaryScreen();
+    if (!screen) {
+        window.resize(760, 640);
+        return;
+    }
+    const QRect area = screen->availableGeometry();
+    const QSize size(std::max(200, std::min(760, area.width() - kFrameRoom)),
+                     std::max(150, std::min(640, area.height() - 2 * kFrameRoom)));
+    window.resize(size);
+    const int left = area.left() + std::max(0, (area.width() - size.width()) / 2);
+    const int top = area.top() + std::max(0, (area.height() - size.height() - kFrameRoom) / 2);
+    window.move(left, top);
+}
+
 }  // namespace
 
 QtHelpSystem::~QtHelpSystem() {
@@ -43,11 +67,7 @@ void QtHelpSystem::ShowContents(const std::string& helpFile) {
         window_->setAttribute(Qt::WA_DeleteOnClose);
         window_->setWindowTitle(QString::fromLatin1(kWindowTitle));
         window_->setOpenExternalLinks(true);
-        window_->resize(760, 640);
-        if (const QScreen* screen = QGuiApplication::primaryScreen()) {
-            const QRect area = screen->availableGeometry();
-            window_->resize(std::min(760, area.width() - 40), std::min(640, area.height() - 40));
-        }
+        PlaceOnScreen(*window_);
     }
     if (QFileInfo(path).isFile()) {
         window_->setSource(QUrl::fromLocalFile(QFileInfo(path).absoluteFilePath()));
