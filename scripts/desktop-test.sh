@@ -1,0 +1,132 @@
+#!/usr/bin/env bash
+# Runs the calculator on real desktops and checks what the user sees there:
+# under Xvfb with openbox, then under mutter (GNOME's compositor, headless,
+# with Xwayland), driven with xdotool through the X server and measured from
+# it (tests/desktop/). Takes the build folder (default build/, as
+# scripts/test.sh leaves it), and optionally the one desktop to use:
+#
+#     scripts/desktop-test.sh [BUILD] [openbox|mutter]
+#
+# As root it installs what it needs; otherwise it prints the apt-get line.
+set -euo pipefail
+root="$(cd "$(dirname "$0")/.." && pwd)"
+build="$(cd "${1:-$root/build}" && pwd)"
+only="${2:-}"
+binary="$build/app/lathmark"
+[ -x "$binary" ] || { echo "no calculator at $binary: run scripts/test.sh first" >&2; exit 1; }
+
+packages=(xvfb openbox mutter xwayland dbus xdotool x11-utils wmctrl python3 qt6-wayland)
+missing=()
+for p in "${packages[@]}"; do
+    dpkg-query -W -f='${Status}' "$p" 2>/dev/null | grep -q "install ok installed" || missing+=("$p")
+done
+if [ ${#missing[@]} -gt 0 ]; then
+    if [ "$(id -u)" -eq 0 ]; then
+        export DEBIAN_FRONTEND=noninteractive
+        apt-get update -qq
+        apt-get install -y -qq --no-install-recommends "${missing[@]}" >/dev/null
+    else
+        echo "The desktop tests need these packages. Run:" >&2
+        echo "  sudo apt-get install -y ${missing[*]}" >&2
+        exit 1
+    fi
+fi
+
+work="$(mktemp -d)"
+pids=()
+cleanup() {
+    for pid in "${pids[@]}"; do
+        kill "$pid" 2>/dev/null || true
+        wait "$pid" 2>/dev/null || true
+    done
+    rm -rf "$work"
+}
+trap cleanup EXIT
+trap 'exit 130' INT TERM
+
+free_display() {
+    local n=90
+    while [ -e "/tmp/.X$n-lock" ] || [ -e "/tmp/.X11-unix/X$n" ]; do n=$((n + 1)); done
+    echo "$n"
+}
+
+# Waits until a window manager has said it is there (EWMH's check window).
+wait_for_wm() {
+    for _ in $(seq 200); do
+        xprop -root _NET_SUPPORTING_WM_CHECK 2>/dev/null | grep -q "window id" && return 0
+        sleep 0.05
+    done
+    echo "no window manager came up on $DISPLAY" >&2
+    return 1
+}
+
+passed=0
+failed=0
+run_tests() {
+    local wm="$1"
+    echo "== desktop tests under $wm"
+    local log="$work/$wm.log"
+    (cd "$root/tests/desktop" && LATHMARK_BINARY="$binary" LATHMARK_WM="$wm" \
+        python3 -m unittest -v ${LATHMARK_DESKTOP_TESTS:-desktop_test}) >"$log" 2>&1 </dev/null || true
+    cat "$log"
+    local ran fails errors skipped
+    ran=$(sed -n 's/^Ran \([0-9]*\) tests\{0,1\}.*/\1/p' "$log" | tail -1)
+    fails=$(sed -n 's/.*failures=\([0-9]*\).*/\1/p' "$log" | tail -1)
+    errors=$(sed -n 's/.*errors=\([0-9]*\).*/\1/p' "$log" | tail -1)
+    skipped=$(sed -n 's/.*skipped=\([0-9]*\).*/\1/p' "$log" | tail -1)
+    ran=${ran:-0} fails=${fails:-0} errors=${errors:-0} skipped=${skipped:-0}
+    if [ "$ran" -eq 0 ]; then
+        failed=$((failed + 1))
+        return
+    fi
+    failed=$((failed + fails + errors))
+    passed=$((passed + ran - fails - errors - skipped))
+}
+
+if [ -z "$only" ] || [ "$only" = openbox ]; then
+    n=$(free_display)
+    Xvfb ":$n" -screen 0 1600x1000x24 -dpi 96 -nolisten tcp >"$work/xvfb.log" 2>&1 &
+    pids+=($!)
+    for _ in $(seq 100); do [ -e "/tmp/.X11-unix/X$n" ] && break; sleep 0.05; done
+    export DISPLAY=":$n"
+    openbox >"$work/openbox.log" 2>&1 &
+    pids+=($!)
+    wait_for_wm
+    run_tests openbox
+    kill "${pids[@]}" 2>/dev/null || true
+    pids=()
+fi
+
+if [ -z "$only" ] || [ "$only" = mutter ]; then
+    export XDG_RUNTIME_DIR="$work/runtime"
+    mkdir -m 0700 "$XDG_RUNTIME_DIR"
+    before=$(ls /tmp/.X11-unix/ 2>/dev/null || true)
+    wayland="wl-lathmark-$$"
+    dbus-run-session -- mutter --wayland --headless --virtual-monitor 1600x1000 \
+        --wayland-display "$wayland" >"$work/mutter.log" 2>&1 &
+    pids+=($!)
+    display=""
+    for _ in $(seq 200); do
+        for s in /tmp/.X11-unix/X*; do
+            [ -e "$s" ] || continue
+            grep -qx "$(basename "$s")" <<<"$before" || display="${s##*/X}"
+        done
+        auth=$(ls "$XDG_RUNTIME_DIR"/.mutter-Xwaylandauth.* 2>/dev/null | head -1 || true)
+        [ -n "$display" ] && [ -n "$auth" ] && [ -e "$XDG_RUNTIME_DIR/$wayland" ] && break
+        sleep 0.05
+    done
+    if [ -z "$display" ] || [ -z "$auth" ]; then
+        cat "$work/mutter.log" >&2
+        echo "mutter brought up no Xwayland display" >&2
+        exit 1
+    fi
+    # mutter names two displays; the lower one is the public one.
+    display=$(for s in /tmp/.X11-unix/X*; do
+        b="${s##*/X}"; grep -qx "X$b" <<<"$before" || echo "$b"; done | sort -n | head -1)
+    export DISPLAY=":$display" XAUTHORITY="$auth" WAYLAND_DISPLAY="$wayland"
+    wait_for_wm
+    run_tests mutter
+fi
+
+echo "desktop: $passed passed, $failed failed"
+[ "$failed" -eq 0 ]
