@@ -32,6 +32,7 @@ if [ ${#missing[@]} -gt 0 ]; then
     fi
 fi
 
+export PYTHONDONTWRITEBYTECODE=1
 work="$(mktemp -d)"
 pids=()
 cleanup() {
