@@ -174,6 +174,11 @@ class TheBandAboveOtherWindows(DesktopCase):
             settle(0.5)
             self.assertTrue(self.above(CALCULATOR), percent)
             self.assertTrue(self.above(TAPE), percent)
+        for downs in (5, 6, 5, 6):  # Zoom 75%, Zoom 100% from the popup
+            self.popup(*["Down"] * downs, "Return")
+            settle(0.5)
+            self.assertTrue(self.above(CALCULATOR), downs)
+            self.assertTrue(self.above(TAPE), downs)
 
     def test_the_tape_hidden_and_shown_again_keeps_its_band(self):
         self.program.menu("alt+d", "t")
