@@ -23,6 +23,7 @@ TAPE = "Lathmark"
 PROMPT = "Named Memory"
 MEMORY = "Memory"
 HELP = "Lathmark Calculator Help"
+CONVERTER = "Converter"
 
 
 def pixels(twips):
@@ -137,6 +138,21 @@ class FramesAndPlaces(DesktopCase):
         self.assertEqual(self.frame(), before[:3] + (pixels(1350),))
         self.program.menu("alt+d", "k")
         self.assertFrameStays(before)
+
+    def test_the_converter_opens_beside_the_calculator_each_time(self):
+        self.move_by_window_manager(CALCULATOR, 300, 200)
+        calc = self.frame()
+        for close in (lambda: self.program.menu("alt+d", "c"),
+                      lambda: self.close_by_window_manager(CONVERTER)):
+            self.program.menu("alt+d", "c")
+            conv = self.frame(CONVERTER)
+            # On the side with more room, 200 twips away, level with it; it
+            # comes up folded, at 770 twips.
+            self.assertEqual(conv[:2], (calc[0] + calc[2] + pixels(200), calc[1]))
+            self.assertEqual(conv[3], pixels(770))
+            self.assertTrue(self.program.window(CONVERTER).above)
+            close()
+            wait_for("the converter gone", lambda: self.program.window(CONVERTER) is None)
 
     def test_the_tape_follows_the_calculator_while_its_title_bar_is_dragged(self):
         calc = self.program.calculator()
