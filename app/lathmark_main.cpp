@@ -23,8 +23,8 @@
 #include "shell/lathmark_app.h"
 
 int main(int argc, char** argv) {
-    const std::string platform =
-        qtbind::PlatformToChoose(std::getenv("QT_QPA_PLATFORM"), std::getenv("DISPLAY"));
+    const std::string platform = qtbind::PlatformToChoose(
+        std::getenv("QT_QPA_PLATFORM"), std::getenv("DISPLAY"), std::getenv("WAYLAND_DISPLAY"));
     if (!platform.empty()) setenv("QT_QPA_PLATFORM", platform.c_str(), 1);
     QApplication application(argc, argv);
     if (qtbind::IsWaylandPlatform(QGuiApplication::platformName().toStdString())) {

@@ -2,10 +2,19 @@
 
 namespace qtbind {
 
-std::string PlatformToChoose(const char* chosenPlatform, const char* display) {
-    if (chosenPlatform != nullptr && *chosenPlatform != '\0') return {};
-    if (display != nullptr && *display != '\0') return "xcb";
-    return {};
+namespace {
+
+bool IsSet(const char* value) {
+    return value != nullptr && *value != '\0';
+}
+
+}  // namespace
+
+std::string PlatformToChoose(const char* chosenPlatform, const char* display,
+                             const char* waylandDisplay) {
+    if (IsSet(chosenPlatform) || !IsSet(display)) return {};
+    // Qt tries the platforms in turn: xcb gives up where it cannot connect.
+    return IsSet(waylandDisplay) ? "xcb;wayland" : "xcb";
 }
 
 bool IsWaylandPlatform(const std::string& name) {

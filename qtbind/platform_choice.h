@@ -10,9 +10,12 @@
 
 namespace qtbind {
 
-// The platform to ask Qt for, given QT_QPA_PLATFORM and DISPLAY as they
-// stand (nullptr where unset); empty where Qt's own choice stands.
-std::string PlatformToChoose(const char* chosenPlatform, const char* display);
+// The platform to ask Qt for, given QT_QPA_PLATFORM, DISPLAY and
+// WAYLAND_DISPLAY as they stand (nullptr where unset); empty where Qt's own
+// choice stands. Where a Wayland compositor is there too, Wayland comes
+// second, for a DISPLAY that names an X server no longer there.
+std::string PlatformToChoose(const char* chosenPlatform, const char* display,
+                             const char* waylandDisplay);
 
 // Whether Qt's platform `name` is a Wayland one.
 bool IsWaylandPlatform(const std::string& name);

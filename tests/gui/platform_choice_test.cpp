@@ -7,19 +7,22 @@
 namespace {
 
 TEST(PlatformChoice, AnXDisplayMeansX11) {
-    EXPECT_EQ(qtbind::PlatformToChoose(nullptr, ":0"), "xcb");
-    // In a Wayland session with Xwayland the display is there as well.
-    EXPECT_EQ(qtbind::PlatformToChoose("", ":1"), "xcb");
+    EXPECT_EQ(qtbind::PlatformToChoose(nullptr, ":0", nullptr), "xcb");
+    EXPECT_EQ(qtbind::PlatformToChoose("", ":1", ""), "xcb");
+}
+
+TEST(PlatformChoice, InAWaylandSessionXwaylandComesFirstAndWaylandAfterIt) {
+    EXPECT_EQ(qtbind::PlatformToChoose(nullptr, ":1", "wayland-0"), "xcb;wayland");
 }
 
 TEST(PlatformChoice, ThePlatformTheUserChoseStands) {
-    EXPECT_EQ(qtbind::PlatformToChoose("wayland", ":0"), "");
-    EXPECT_EQ(qtbind::PlatformToChoose("offscreen", ":0"), "");
+    EXPECT_EQ(qtbind::PlatformToChoose("wayland", ":0", "wayland-0"), "");
+    EXPECT_EQ(qtbind::PlatformToChoose("offscreen", ":0", nullptr), "");
 }
 
 TEST(PlatformChoice, WithoutAnXDisplayQtChooses) {
-    EXPECT_EQ(qtbind::PlatformToChoose(nullptr, nullptr), "");
-    EXPECT_EQ(qtbind::PlatformToChoose(nullptr, ""), "");
+    EXPECT_EQ(qtbind::PlatformToChoose(nullptr, nullptr, "wayland-0"), "");
+    EXPECT_EQ(qtbind::PlatformToChoose(nullptr, "", nullptr), "");
 }
 
 TEST(PlatformChoice, WaylandPlatformsAreKnownByName) {
