@@ -135,23 +135,37 @@ class Program:
         keys = ["alt+d", "z"] + (["Down"] if percent == 100 else []) + ["Return"]
         self.menu(*keys)
 
-    def drag_title(self, window, dx, dy, steps=10, probe=None):
+    def drag_title(self, window, dx, dy, steps=10, probe=None, compositor=None):
         """Drags a window by its title bar, as a user does, in steps; probe()
-        runs after each step while the button is still down."""
+        runs after each step while the button is still down. Through the X
+        server, or through `compositor` (a CompositorInput) where the window
+        manager is the Wayland compositor and takes no input from X."""
         x, y, w, _ = window.frame
         grab_x = x + w // 2
         grab_y = y + max(window.extents[2] // 2, 3)
         seen = []
-        run("xdotool", "mousemove", "--sync", str(grab_x), str(grab_y), check=True)
-        run("xdotool", "mousedown", "1", check=True)
+        if compositor:
+            compositor.move_to(grab_x, grab_y)
+            compositor.button(True)
+        else:
+            run("xdotool", "mousemove", "--sync", str(grab_x), str(grab_y), check=True)
+            run("xdotool", "mousedown", "1", check=True)
         settle(0.2)
+        done_x = done_y = 0
         for i in range(1, steps + 1):
-            run("xdotool", "mousemove", str(grab_x + dx * i // steps),
-                str(grab_y + dy * i // steps), check=True)
+            to_x, to_y = dx * i // steps, dy * i // steps
+            if compositor:
+                compositor.move_by(to_x - done_x, to_y - done_y)
+            else:
+                run("xdotool", "mousemove", str(grab_x + to_x), str(grab_y + to_y), check=True)
+            done_x, done_y = to_x, to_y
             settle(0.1)
             if probe:
                 seen.append(probe())
-        run("xdotool", "mouseup", "1", check=True)
+        if compositor:
+            compositor.button(False)
+        else:
+            run("xdotool", "mouseup", "1", check=True)
         settle(0.5)
         return seen
 
@@ -186,6 +200,7 @@ class Program:
 
     def cleanup(self):
         self.kill()
-        self.stderr.close()
+        if not self.stderr.closed:
+            self.stderr.close()
         if self.own_config:
             shutil.rmtree(self.config_home, ignore_errors=True)
