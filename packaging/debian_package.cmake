@@ -3,13 +3,19 @@
 # /usr/share. dpkg-shlibdeps finds the Qt 6 libraries the programs link; the
 # platform plugins that open windows on the desktop are no library the
 # programs link, so they are named here.
+#
+# The licence and the addresses are those of the About box: the program is
+# the Lathmark Calculator project's, all rights reserved, so the package
+# belongs in the non-free area; no address and no site is published, so there
+# is no Homepage, and the maintainer's address is one in the .invalid domain,
+# which RFC 2606 keeps for names that reach nobody.
 set(CPACK_GENERATOR DEB)
 # The description quotes a length with its inch mark: pass values as written.
 set(CPACK_VERBATIM_VARIABLES ON)
 set(CPACK_PACKAGE_NAME lathmark)
-set(CPACK_PACKAGE_VENDOR "Lathmark")
+set(CPACK_PACKAGE_VENDOR "Lathmark Calculator project")
 set(CPACK_PACKAGE_VERSION ${PROJECT_VERSION})
-set(CPACK_PACKAGE_CONTACT "Lathmark <lathmark@users.noreply.github.com>")
+set(CPACK_PACKAGE_CONTACT "Lathmark Calculator project <no-address-published@lathmark.invalid>")
 set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "calculator for feet, inches and fractions of an inch")
 # The long description, below the summary line; CPack indents each line.
 set(CPACK_PACKAGE_DESCRIPTION
@@ -19,8 +25,7 @@ results to the nearest 1/16 or 1/32 of an inch, multiplies lengths into areas
 and volumes, and keeps a paper tape, named memory cells, a converter strip and
 four building formulas beside the calculator.")
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
-set(CPACK_DEBIAN_PACKAGE_SECTION math)
-set(CPACK_DEBIAN_PACKAGE_HOMEPAGE "https://github.com/lathmark/lathmark")
+set(CPACK_DEBIAN_PACKAGE_SECTION non-free/math)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PACKAGE_DEPENDS "qt6-qpa-plugins")
 set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
