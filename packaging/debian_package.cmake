@@ -1,8 +1,8 @@
 # The Debian package, made by `cpack -G DEB` from the install rules: the
 # programs in /usr/bin, the icons, menu entry, AppStream file and guide under
 # /usr/share. dpkg-shlibdeps finds the Qt 6 libraries the programs link; the
-# platform plugins that open windows on the desktop are no library the
-# programs link, so they are named here.
+# platform plugins that open their windows (xcb, and offscreen for the
+# scenario tool) come with libqt6gui6.
 #
 # The licence and the addresses are those of the About box: the program is
 # the Lathmark Calculator project's, all rights reserved, so the package
@@ -27,7 +27,6 @@ four building formulas beside the calculator.")
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_SECTION non-free/math)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
-set(CPACK_DEBIAN_PACKAGE_DEPENDS "qt6-qpa-plugins")
 set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
 set(CPACK_STRIP_FILES ON)
 include(CPack)
