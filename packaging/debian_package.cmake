@@ -1,9 +1,9 @@
 # The Debian packages, made by `cpack -G DEB` from the install rules, one for
 # each install component:
 # - lathmark (component `calculator`): the calculator in /usr/bin, its icons,
-#   menu entry, AppStream file and guide under /usr/share;
+#   menu entry, AppStream file, guide and manual page under /usr/share;
 # - lathmark-scenario (component `scenario`): the scenario tool, which links
-#   the Qt Test library.
+#   the Qt Test library, with a manual page and its command reference.
 # Both come from one source, lathmark. dpkg-shlibdeps finds the Qt 6
 # libraries each program links; the platform plugins that open the windows
 # (xcb, and offscreen for the scenario tool) come with libqt6gui6.

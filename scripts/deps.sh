@@ -6,7 +6,7 @@ set -euo pipefail
 
 packages=(cmake ninja-build g++ qt6-base-dev libgl-dev libgtest-dev googletest
           libx11-dev xvfb xauth x11-utils x11-apps imagemagick fonts-dejavu-core
-          librsvg2-bin desktop-file-utils appstream dpkg-dev file
+          librsvg2-bin desktop-file-utils appstream dpkg-dev file man-db
           poppler-utils fonts-urw-base35)
 if [ "${1:-}" = "--fuzz" ]; then
     packages+=(clang libclang-rt-14-dev)

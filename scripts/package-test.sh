@@ -3,11 +3,11 @@
 # lathmark-scenario (the scenario tool). Checks that the calculator's package
 # does not bring the Qt Test library along, installs both with apt-get,
 # checks what they installed (the desktop entry and AppStream file through
-# their validators, the icons, the guide), runs the installed scenario tool
-# on one scenario, headless and in real windows, starts the installed
-# calculator on a private X display until its window maps, then purges both
-# packages and checks that none of their files is left. Needs root, for
-# apt-get.
+# their validators, the icons, the guide, the manual pages), runs the
+# installed scenario tool on one scenario, headless and in real windows,
+# starts the installed calculator on a private X display until its window
+# maps, then purges both packages and checks that none of their files is
+# left. Needs root, for apt-get.
 # Usage: scripts/package-test.sh [BUILD_DIR]   (default: build/, as
 # scripts/test.sh leaves it; a new folder is configured for Release)
 set -euo pipefail
@@ -31,7 +31,8 @@ if [ ! -f "$build/build.ninja" ]; then
     cmake -S "$root" -B "$build" -G Ninja -DCMAKE_BUILD_TYPE=Release \
         -DLATHMARK_BUILD_TESTS=OFF >/dev/null
 fi
-cmake --build "$build" --target lathmark lathmark-scenario lathmark_icon_pngs >/dev/null
+cmake --build "$build" --target lathmark lathmark-scenario lathmark_icon_pngs \
+    lathmark_compressed_docs >/dev/null
 rm -rf "$build/package"
 cpack --config "$build/CPackConfig.cmake" -B "$build/package" >/dev/null
 deb="$(ls "$build"/package/lathmark_*.deb)"
@@ -40,13 +41,15 @@ for file in "$deb" "$scenario_deb"; do
     say "built $(basename "$file"), depends: $(dpkg-deb -f "$file" Depends)"
 done
 
-# Each package holds its own program; the calculator's package holds no test
-# tool and does not ask for Qt Test.
+# Each package holds its own program, with its manual page; the calculator's
+# package holds no test tool and does not ask for Qt Test.
 for package in "${packages[@]}"; do
     file="$deb"
     [ "$package" = lathmark ] || file="$scenario_deb"
     contents="$(dpkg-deb -c "$file" | awk '{ print $NF }')"
-    grep -qx -- "./usr/bin/$package" <<<"$contents" || fail "$package holds no ./usr/bin/$package"
+    for path in "./usr/bin/$package" "./usr/share/man/man1/$package.1.gz"; do
+        grep -qx -- "$path" <<<"$contents" || fail "$package holds no $path"
+    done
     other="lathmark-scenario"
     [ "$package" = lathmark ] || other="lathmark"
     if grep -qx -- "./usr/bin/$other" <<<"$contents"; then
@@ -99,6 +102,12 @@ done
 if [ -f "$root/guide/lathmark.html" ]; then
     [ -f /usr/share/lathmark/guide/lathmark.html ] || fail "the guide is not in share/lathmark/guide"
 fi
+for package in "${packages[@]}"; do
+    # The page that `man` finds for the program, and what whatis reads in it.
+    page="$(man -w "$package")" || fail "man finds no page for $package"
+    [ "$page" = "/usr/share/man/man1/$package.1.gz" ] || fail "man finds $page for $package"
+    say "$(lexgrog "$page")"
+done
 
 # The installed scenario tool, headless and behind real (offscreen) windows.
 # Whatever the programs write goes to a home of their own.
