@@ -4,7 +4,8 @@
 #   menu entry, AppStream file, guide and manual page under /usr/share;
 # - lathmark-scenario (component `scenario`): the scenario tool, which links
 #   the Qt Test library, with a manual page and its command reference.
-# Both come from one source, lathmark. dpkg-shlibdeps finds the Qt 6
+# Both come from one source, lathmark: each has the source's copyright and
+# changelog in its folder of /usr/share/doc. dpkg-shlibdeps finds the Qt 6
 # libraries each program links; the platform plugins that open the windows
 # (xcb, and offscreen for the scenario tool) come with libqt6gui6.
 #

@@ -3,11 +3,11 @@
 # lathmark-scenario (the scenario tool). Checks that the calculator's package
 # does not bring the Qt Test library along, installs both with apt-get,
 # checks what they installed (the desktop entry and AppStream file through
-# their validators, the icons, the guide, the manual pages), runs the
-# installed scenario tool on one scenario, headless and in real windows,
-# starts the installed calculator on a private X display until its window
-# maps, then purges both packages and checks that none of their files is
-# left. Needs root, for apt-get.
+# their validators, the icons, the guide, the manual pages, the copyright and
+# changelog), runs the installed scenario tool on one scenario, headless and
+# in real windows, starts the installed calculator on a private X display
+# until its window maps, then purges both packages and checks that none of
+# their files is left. Needs root, for apt-get.
 # Usage: scripts/package-test.sh [BUILD_DIR]   (default: build/, as
 # scripts/test.sh leaves it; a new folder is configured for Release)
 set -euo pipefail
@@ -41,13 +41,15 @@ for file in "$deb" "$scenario_deb"; do
     say "built $(basename "$file"), depends: $(dpkg-deb -f "$file" Depends)"
 done
 
-# Each package holds its own program, with its manual page; the calculator's
-# package holds no test tool and does not ask for Qt Test.
+# Each package holds its own program, with its manual page, copyright and
+# changelog; the calculator's package holds no test tool and does not ask
+# for Qt Test.
 for package in "${packages[@]}"; do
     file="$deb"
     [ "$package" = lathmark ] || file="$scenario_deb"
     contents="$(dpkg-deb -c "$file" | awk '{ print $NF }')"
-    for path in "./usr/bin/$package" "./usr/share/man/man1/$package.1.gz"; do
+    for path in "./usr/bin/$package" "./usr/share/man/man1/$package.1.gz" \
+        "./usr/share/doc/$package/copyright" "./usr/share/doc/$package/changelog.gz"; do
         grep -qx -- "$path" <<<"$contents" || fail "$package holds no $path"
     done
     other="lathmark-scenario"
@@ -93,7 +95,7 @@ for program in /usr/bin/lathmark /usr/bin/lathmark-scenario; do
     [ -x "$program" ] || fail "$program is missing"
 done
 desktop-file-validate "/usr/share/applications/$app_id.desktop" || fail "desktop entry"
-appstreamcli validate --no-net "/usr/share/metainfo/$app_id.metainfo.xml" \
+appstreamcli validate --pedantic --no-net "/usr/share/metainfo/$app_id.metainfo.xml" \
     >"$work/appstream.log" 2>&1 || { cat "$work/appstream.log" >&2; fail "AppStream file"; }
 for size in 16 24 32 48 64 128 256; do
     [ -f "/usr/share/icons/hicolor/${size}x${size}/apps/$app_id.png" ] || fail "icon ${size}"
@@ -103,6 +105,9 @@ if [ -f "$root/guide/lathmark.html" ]; then
     [ -f /usr/share/lathmark/guide/lathmark.html ] || fail "the guide is not in share/lathmark/guide"
 fi
 for package in "${packages[@]}"; do
+    for doc in copyright changelog.gz; do
+        [ -f "/usr/share/doc/$package/$doc" ] || fail "/usr/share/doc/$package/$doc is missing"
+    done
     # The page that `man` finds for the program, and what whatis reads in it.
     page="$(man -w "$package")" || fail "man finds no page for $package"
     [ "$page" = "/usr/share/man/man1/$package.1.gz" ] || fail "man finds $page for $package"
