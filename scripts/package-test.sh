@@ -1,13 +1,15 @@
 #!/usr/bin/env bash
 # Makes the Debian packages with CPack, lathmark (the calculator) and
-# lathmark-scenario (the scenario tool). Checks that the calculator's package
-# does not bring the Qt Test library along, installs both with apt-get,
-# checks what they installed (the desktop entry and AppStream file through
-# their validators, the icons, the guide, the manual pages, the copyright and
-# changelog), runs the installed scenario tool on one scenario, headless and
-# in real windows, starts the installed calculator on a private X display
-# until its window maps, then purges both packages and checks that none of
-# their files is left. Needs root, for apt-get.
+# lathmark-scenario (the scenario tool), and checks them with lintian, which
+# must report no error and no warning, nor any of the hardening tags of its
+# info level. Checks that the calculator's package does not bring the Qt
+# Test library along, installs both with apt-get, checks what they installed
+# (the desktop entry and AppStream file through their validators, the icons,
+# the guide, the manual pages, the copyright and changelog), runs the
+# installed scenario tool on one scenario, headless and in real windows,
+# starts the installed calculator on a private X display until its window
+# maps, then purges both packages and checks that none of their files is
+# left. Needs root, for apt-get.
 # Usage: scripts/package-test.sh [BUILD_DIR]   (default: build/, as
 # scripts/test.sh leaves it; a new folder is configured for Release)
 set -euo pipefail
@@ -20,7 +22,7 @@ say() { echo "package-test: $*"; }
 fail() { echo "package-test: FAILED: $*" >&2; exit 1; }
 
 [ "$(id -u)" -eq 0 ] || fail "installing the packages needs root"
-"$root/scripts/deps.sh"
+"$root/scripts/deps.sh" --package
 for package in "${packages[@]}"; do
     if dpkg-query -W -f='${Status}' "$package" 2>/dev/null | grep -q "install ok installed"; then
         fail "a $package package is installed already; remove it first"
@@ -63,6 +65,24 @@ if grep -q libqt6test <<<"$(dpkg-deb -f "$deb" Depends)"; then
 fi
 grep -q libqt6test <<<"$(dpkg-deb -f "$scenario_deb" Depends)" ||
     fail "lathmark-scenario does not depend on the Qt Test library it links"
+
+# lintian at its default level and at the info level: nothing at the default
+# level, and none of the hardening tags. It runs as nobody, as it prefers,
+# on copies that nobody may read.
+lint="$(mktemp -d)"
+trap 'rm -rf "$lint"' EXIT
+chmod 755 "$lint"
+install -m 644 "$deb" "$scenario_deb" "$lint/"
+lintian_out="$(cd "$lint" && runuser -u nobody -- lintian --no-user-dirs --display-info \
+    --fail-on error,warning "$lint"/*.deb 2>&1)" ||
+    { echo "$lintian_out" >&2; fail "lintian reports errors or warnings"; }
+rm -rf "$lint"
+[ -z "$lintian_out" ] || echo "$lintian_out"
+hardening='hardening-no-|binary-has-unneeded-section|unstripped-binary-or-object'
+if grep -E "$hardening" <<<"$lintian_out" >&2; then
+    fail "lintian finds the programs not hardened or not stripped"
+fi
+say "lintian: no error, no warning, no hardening tag"
 
 source "$root/scripts/xvfb-session.sh"
 installed=""
