@@ -1,15 +1,19 @@
 #!/usr/bin/env bash
 # Installs what Lathmark needs to build and test on Debian 12, if missing.
 # As root it runs apt-get; otherwise it prints the line to run. With --fuzz,
-# also clang and libFuzzer for scripts/fuzz.sh.
+# also clang and libFuzzer for scripts/fuzz.sh; with --package, also lintian
+# for scripts/package-test.sh.
 set -euo pipefail
 
 packages=(cmake ninja-build g++ qt6-base-dev libgl-dev libgtest-dev googletest
           libx11-dev xvfb xauth x11-utils x11-apps imagemagick fonts-dejavu-core
-          librsvg2-bin desktop-file-utils appstream dpkg-dev file
+          librsvg2-bin desktop-file-utils appstream dpkg-dev file man-db
           poppler-utils fonts-urw-base35)
 if [ "${1:-}" = "--fuzz" ]; then
     packages+=(clang libclang-rt-14-dev)
+fi
+if [ "${1:-}" = "--package" ]; then
+    packages+=(lintian)
 fi
 missing=()
 for p in "${packages[@]}"; do

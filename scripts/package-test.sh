@@ -1,10 +1,15 @@
 #!/usr/bin/env bash
-# Makes the Debian package with CPack, installs it with apt-get, checks what
-# it installed (the desktop entry and AppStream file through their
-# validators, the icons, the guide), runs the installed scenario tool on one
-# scenario, headless and in real windows, starts the installed calculator on
-# a private X display until its window maps, then purges the package and
-# checks that none of its files is left. Needs root, for apt-get.
+# Makes the Debian packages with CPack, lathmark (the calculator) and
+# lathmark-scenario (the scenario tool), and checks them with lintian, which
+# must report no error and no warning, nor any of the hardening tags of its
+# info level. Checks that the calculator's package does not bring the Qt
+# Test library along, installs both with apt-get, checks what they installed
+# (the desktop entry and AppStream file through their validators, the icons,
+# the guide, the manual pages, the copyright and changelog), runs the
+# installed scenario tool on one scenario, headless and in real windows,
+# starts the installed calculator on a private X display until its window
+# maps, then purges both packages and checks that none of their files is
+# left. Needs root, for apt-get.
 # Usage: scripts/package-test.sh [BUILD_DIR]   (default: build/, as
 # scripts/test.sh leaves it; a new folder is configured for Release)
 set -euo pipefail
@@ -12,50 +17,106 @@ root="$(cd "$(dirname "$0")/.." && pwd)"
 build="$(realpath -m "${1:-$root/build}")"
 app_id=io.github.lathmark.Calculator
 scenario=equal_again_adds_total
+packages=(lathmark lathmark-scenario)
 say() { echo "package-test: $*"; }
 fail() { echo "package-test: FAILED: $*" >&2; exit 1; }
 
-[ "$(id -u)" -eq 0 ] || fail "installing the package needs root"
-"$root/scripts/deps.sh"
-if dpkg-query -W -f='${Status}' lathmark 2>/dev/null | grep -q "install ok installed"; then
-    fail "a lathmark package is installed already; remove it first"
-fi
+[ "$(id -u)" -eq 0 ] || fail "installing the packages needs root"
+"$root/scripts/deps.sh" --package
+for package in "${packages[@]}"; do
+    if dpkg-query -W -f='${Status}' "$package" 2>/dev/null | grep -q "install ok installed"; then
+        fail "a $package package is installed already; remove it first"
+    fi
+done
 
 if [ ! -f "$build/build.ninja" ]; then
     cmake -S "$root" -B "$build" -G Ninja -DCMAKE_BUILD_TYPE=Release \
         -DLATHMARK_BUILD_TESTS=OFF >/dev/null
 fi
-cmake --build "$build" --target lathmark lathmark-scenario lathmark_icon_pngs >/dev/null
+cmake --build "$build" --target lathmark lathmark-scenario lathmark_icon_pngs \
+    lathmark_compressed_docs >/dev/null
 rm -rf "$build/package"
 cpack --config "$build/CPackConfig.cmake" -B "$build/package" >/dev/null
 deb="$(ls "$build"/package/lathmark_*.deb)"
-say "built $(basename "$deb"), depends: $(dpkg-deb -f "$deb" Depends)"
+scenario_deb="$(ls "$build"/package/lathmark-scenario_*.deb)"
+for file in "$deb" "$scenario_deb"; do
+    say "built $(basename "$file"), depends: $(dpkg-deb -f "$file" Depends)"
+done
+
+# Each package holds its own program, with its manual page, copyright and
+# changelog; the calculator's package holds no test tool and does not ask
+# for Qt Test.
+for package in "${packages[@]}"; do
+    file="$deb"
+    [ "$package" = lathmark ] || file="$scenario_deb"
+    contents="$(dpkg-deb -c "$file" | awk '{ print $NF }')"
+    for path in "./usr/bin/$package" "./usr/share/man/man1/$package.1.gz" \
+        "./usr/share/doc/$package/copyright" "./usr/share/doc/$package/changelog.gz"; do
+        grep -qx -- "$path" <<<"$contents" || fail "$package holds no $path"
+    done
+    other="lathmark-scenario"
+    [ "$package" = lathmark ] || other="lathmark"
+    if grep -qx -- "./usr/bin/$other" <<<"$contents"; then
+        fail "$package holds $other"
+    fi
+done
+if grep -q libqt6test <<<"$(dpkg-deb -f "$deb" Depends)"; then
+    fail "lathmark depends on the Qt Test library"
+fi
+grep -q libqt6test <<<"$(dpkg-deb -f "$scenario_deb" Depends)" ||
+    fail "lathmark-scenario does not depend on the Qt Test library it links"
+
+# lintian at its default level and at the info level: nothing at the default
+# level, and none of the hardening tags. It runs as nobody, as it prefers,
+# on copies that nobody may read.
+lint="$(mktemp -d)"
+trap 'rm -rf "$lint"' EXIT
+chmod 755 "$lint"
+install -m 644 "$deb" "$scenario_deb" "$lint/"
+lintian_out="$(cd "$lint" && runuser -u nobody -- lintian --no-user-dirs --display-info \
+    --fail-on error,warning "$lint"/*.deb 2>&1)" ||
+    { echo "$lintian_out" >&2; fail "lintian reports errors or warnings"; }
+rm -rf "$lint"
+[ -z "$lintian_out" ] || echo "$lintian_out"
+hardening='hardening-no-|binary-has-unneeded-section|unstripped-binary-or-object'
+if grep -E "$hardening" <<<"$lintian_out" >&2; then
+    fail "lintian finds the programs not hardened or not stripped"
+fi
+say "lintian: no error, no warning, no hardening tag"
 
 source "$root/scripts/xvfb-session.sh"
 installed=""
 finish() {
-    # A failure half-way still takes the package away again.
+    # A failure half-way still takes the packages away again.
     if [ -n "$installed" ]; then
-        DEBIAN_FRONTEND=noninteractive timeout 300 apt-get purge -y -qq lathmark >/dev/null 2>&1 || true
+        DEBIAN_FRONTEND=noninteractive timeout 300 apt-get purge -y -qq "${packages[@]}" \
+            >/dev/null 2>&1 || true
     fi
     cleanup
 }
 trap finish EXIT
 
 export DEBIAN_FRONTEND=noninteractive
-timeout 600 apt-get install -y -qq --no-install-recommends "$deb" >"$work/install.log" 2>&1 ||
-    { cat "$work/install.log" >&2; fail "apt-get install"; }
+timeout 600 apt-get install -y -qq --no-install-recommends "$deb" "$scenario_deb" \
+    >"$work/install.log" 2>&1 || { cat "$work/install.log" >&2; fail "apt-get install"; }
 installed=1
-dpkg -L lathmark >"$work/files"
-say "installed $(wc -l <"$work/files") paths"
+for package in "${packages[@]}"; do
+    dpkg -L "$package" >"$work/files.$package"
+done
+cat "$work"/files.* >"$work/files"
+say "installed $(wc -l <"$work/files.lathmark") paths of lathmark," \
+    "$(wc -l <"$work/files.lathmark-scenario") of lathmark-scenario"
+if objdump -p /usr/bin/lathmark | grep -q 'NEEDED.*libQt6Test'; then
+    fail "the installed calculator links the Qt Test library"
+fi
 
-# What the package put in place.
+# What the packages put in place.
 for program in /usr/bin/lathmark /usr/bin/lathmark-scenario; do
     [ -x "$program" ] || fail "$program is missing"
 done
 desktop-file-validate "/usr/share/applications/$app_id.desktop" || fail "desktop entry"
-appstreamcli validate --no-net "/usr/share/metainfo/$app_id.metainfo.xml" >"$work/appstream.log" 2>&1 ||
-    { cat "$work/appstream.log" >&2; fail "AppStream file"; }
+appstreamcli validate --pedantic --no-net "/usr/share/metainfo/$app_id.metainfo.xml" \
+    >"$work/appstream.log" 2>&1 || { cat "$work/appstream.log" >&2; fail "AppStream file"; }
 for size in 16 24 32 48 64 128 256; do
     [ -f "/usr/share/icons/hicolor/${size}x${size}/apps/$app_id.png" ] || fail "icon ${size}"
 done
@@ -63,6 +124,15 @@ done
 if [ -f "$root/guide/lathmark.html" ]; then
     [ -f /usr/share/lathmark/guide/lathmark.html ] || fail "the guide is not in share/lathmark/guide"
 fi
+for package in "${packages[@]}"; do
+    for doc in copyright changelog.gz; do
+        [ -f "/usr/share/doc/$package/$doc" ] || fail "/usr/share/doc/$package/$doc is missing"
+    done
+    # The page that `man` finds for the program, and what whatis reads in it.
+    page="$(man -w "$package")" || fail "man finds no page for $package"
+    [ "$page" = "/usr/share/man/man1/$package.1.gz" ] || fail "man finds $page for $package"
+    say "$(lexgrog "$page")"
+done
 
 # The installed scenario tool, headless and behind real (offscreen) windows.
 # Whatever the programs write goes to a home of their own.
@@ -97,23 +167,26 @@ kill "$lathmark_pid"
 wait "$lathmark_pid" 2>/dev/null || true
 say "the installed calculator maps its window"
 
-# Away again, and nothing of it left.
-timeout 300 apt-get purge -y -qq lathmark >"$work/purge.log" 2>&1 ||
+# Away again, and nothing of them left.
+timeout 300 apt-get purge -y -qq "${packages[@]}" >"$work/purge.log" 2>&1 ||
     { cat "$work/purge.log" >&2; fail "apt-get purge"; }
 installed=""
 left=0
 while IFS= read -r path; do
     [ "$path" = "/." ] && continue
-    # Folders shared with other packages stay; the package's own files go.
+    # Folders shared with other packages stay; the packages' own files go.
     if [ -e "$path" ] && [ ! -d "$path" ] || [ -L "$path" ]; then
         echo "left behind: $path" >&2
         left=1
     fi
 done <"$work/files"
-for dir in /usr/share/lathmark /usr/share/doc/lathmark; do
+for dir in /usr/share/lathmark /usr/share/doc/lathmark /usr/share/doc/lathmark-scenario; do
     [ ! -e "$dir" ] || { echo "left behind: $dir" >&2; left=1; }
 done
 [ "$left" -eq 0 ] || fail "files are left after the purge"
-status="$(dpkg-query -W -f='${Status}' lathmark 2>/dev/null || true)"
-[ -z "$status" ] || [ "$status" = "unknown ok not-installed" ] || fail "dpkg still has lathmark: $status"
-say "purged; none of its $(grep -c . "$work/files") paths is left but shared folders"
+for package in "${packages[@]}"; do
+    status="$(dpkg-query -W -f='${Status}' "$package" 2>/dev/null || true)"
+    [ -z "$status" ] || [ "$status" = "unknown ok not-installed" ] ||
+        fail "dpkg still has $package: $status"
+done
+say "purged; none of their $(grep -c . "$work/files") paths is left but shared folders"
