@@ -11,8 +11,10 @@ Runtime::Runtime(Services services, ScreenInfo screen) : services_(services), sc
 Runtime::~Runtime() = default;
 
 Form& Runtime::CreateForm(std::string name, BorderStyle border, bool hasMenuBar) {
-    forms_.push_back(std::make_unique<Form>(*this, std::move(name), border, hasMenuBar));
-    return *forms_.back();
+    auto form = std::make_unique<Form>(*this, std::move(name), border, hasMenuBar);
+    Form& made = *form;
+    forms_.emplace(&made, std::move(form));
+    return made;
 }
 
 void Runtime::DestroyForm(Form& form) {
@@ -21,7 +23,7 @@ void Runtime::DestroyForm(Form& form) {
     FormGoing(form);
     if (lastPopup_ && &lastPopup_->Parent() == &form) lastPopup_ = nullptr;
     std::erase(topMost_, &form);
-    std::erase_if(forms_, [&](const auto& f) { return f.get() == &form; });
+    forms_.erase(&form);
 }
 
 void Runtime::Load(Form& form) {
@@ -62,19 +64,25 @@ bool Runtime::Unload(Form& form, int unloadMode) {
     }
     form.loaded_ = false;
     FormGoing(form);
-    std::erase(openForms_, &form);
+    // Searched from the end: the forms closed in numbers (Erase All, a
+    // memory file read) close from the last one down, so that closing
+    // thousands costs no more than opening them.
+    if (auto open = std::find(openForms_.rbegin(), openForms_.rend(), &form);
+        open != openForms_.rend()) {
+        openForms_.erase(std::next(open).base());
+    }
     std::erase(topMost_, &form);
     if (activeForm_ == &form) activeForm_ = nullptr;
-    for (auto& f : forms_) {
-        if (f->activeChild_ == &form) f->activeChild_ = nullptr;
+    // Only a parent holds an active child.
+    if (form.mdiParent_ && form.mdiParent_->activeChild_ == &form) {
+        form.mdiParent_->activeChild_ = nullptr;
     }
     if (observer_) observer_->FormUnloaded(form);
     if (form.instance_) {
-        auto owned = std::find_if(forms_.begin(), forms_.end(),
-                                  [&](const auto& f) { return f.get() == &form; });
+        auto owned = forms_.find(&form);
         if (owned != forms_.end()) {
             if (lastPopup_ && &lastPopup_->Parent() == &form) lastPopup_ = nullptr;
-            unloaded_.push_back(std::move(*owned));
+            unloaded_.push_back(std::move(owned->second));
             forms_.erase(owned);
         }
     }
@@ -84,7 +92,10 @@ bool Runtime::Unload(Form& form, int unloadMode) {
 void Runtime::FreeUnloaded() {
     // A form loaded again after its Unload is still in use.
     for (auto& f : unloaded_) {
-        if (f->loaded_) forms_.push_back(std::move(f));
+        if (f->loaded_) {
+            Form* form = f.get();
+            forms_.emplace(form, std::move(f));
+        }
     }
     unloaded_.clear();
 }

@@ -6,6 +6,7 @@
 
 #include <memory>
 #include <string>
+#include <unordered_map>
 #include <vector>
 
 #include "forms/form.h"
@@ -144,7 +145,8 @@ class Runtime {
     Services services_;
     ScreenInfo screen_;
     RuntimeObserver* observer_ = nullptr;
-    std::vector<std::unique_ptr<Form>> forms_;
+    // Every form made, by its address.
+    std::unordered_map<const Form*, std::unique_ptr<Form>> forms_;
     std::vector<std::unique_ptr<Form>> unloaded_;  // instances waiting to be freed
     std::vector<Form*> openForms_;
     std::vector<Form*> topMost_;
