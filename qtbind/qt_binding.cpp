@@ -7,6 +7,7 @@
 #include <QGuiApplication>
 #include <QMenu>
 #include <algorithm>
+#include <unordered_set>
 
 #include "qtbind/drag_tracker.h"
 #include "qtbind/form_surface.h"
@@ -123,6 +124,8 @@ void QtBinding::AfterEvent() {
     inMainLoopPass_ = true;
     app_.MainLoopPass();
     inMainLoopPass_ = false;
+    // The cells that the event brought into view are there for the next input.
+    if (cellsPending_) UpdateCells();
 }
 
 FormWindow* QtBinding::EnsureWindow(forms::Form& form) {
@@ -183,33 +186,131 @@ void QtBinding::Restack() {
     }
 }
 
-void QtBinding::FormLoaded(forms::Form&) {
+void QtBinding::FormLoaded(forms::Form& form) {
     // Nothing to show yet: the window is made when the form is first shown.
+    // A new cell lies on top of the others.
+    if (HostingOf(form) == Hosting::MdiChild) {
+        cells_.Raise(form);
+        ScheduleCells();
+    }
 }
 
 void QtBinding::FormChanged(forms::Form& form) {
+    const Hosting hosting = HostingOf(form);
     if (FormWindow* window = WindowFor(form)) {
         window->ApplyForm();
-    } else if (form.Visible()) {
+    } else if (form.Visible() && hosting != Hosting::MdiChild) {
         EnsureWindow(form);
+    }
+    // A cell that moved or came and went, or a memory window of another
+    // size, may change which cells show.
+    if (hosting == Hosting::MdiChild) {
+        if (!cells_.Contains(form) && form.Loaded()) cells_.Raise(form);
+        ScheduleCells();
+    } else if (hosting == Hosting::MdiParent && cells_.Size() > 0) {
+        ScheduleCells();
     }
     if (modalHost_ && !form.Visible()) modalHost_->FormGone(form);
 }
 
 void QtBinding::FormUnloaded(forms::Form& form) {
-    auto found = windows_.find(&form);
-    if (found == windows_.end()) return;
-    FormWindow* window = found->second;
-    windows_.erase(found);
+    if (dragSource_ == &form) dragSource_ = nullptr;
+    if (cells_.Contains(form)) {
+        cells_.Remove(form);
+        // What it covered comes into view.
+        ScheduleCells();
+    }
+    FormWindow* window = WindowFor(form);
+    if (!window) return;
     if (modalHost_) modalHost_->FormGone(form);
+    Retire(window);
+}
+
+void QtBinding::Retire(FormWindow* window) {
+    if (forms::Form* form = window->Form()) windows_.erase(form);
+    std::erase_if(windows_, [window](const auto& entry) { return entry.second == window; });
     if (activeChild_ == window) activeChild_ = nullptr;
     // The model's form may be dropped right after this; the window forgets
-    // it at once and goes when the event that unloaded it is over.
+    // it at once and goes when the event that retired it is over.
     window->Detach();
     window->Frame()->hide();
     window->Frame()->deleteLater();
     std::erase_if(retired_, [](const QPointer<QWidget>& frame) { return frame.isNull(); });
     retired_.emplace_back(window->Frame());
+}
+
+void QtBinding::ScheduleCells() {
+    if (cellsPending_) return;
+    cellsPending_ = true;
+    // Once the statements that change the cells are over: a memory file of
+    // thousands of cells is worked out once, not once a cell.
+    QMetaObject::invokeMethod(
+        queue_.get(),
+        [this] {
+            if (cellsPending_) UpdateCells();
+        },
+        Qt::QueuedConnection);
+}
+
+QRect QtBinding::CellRect(const forms::Form& cell) const {
+    if (!cell.Visible()) return {};
+    return QRect(QPoint(scale_.ToPixelsX(cell.Left()), scale_.ToPixelsY(cell.Top())),
+                 scale_.ToPixels(cell.Width(), cell.Height()));
+}
+
+void QtBinding::UpdateCells() {
+    cellsPending_ = false;
+    if (updatingCells_ || app_.Ended()) return;
+    updatingCells_ = true;
+    const std::vector<forms::Form*> order = cells_.Order();
+    forms::Form* parent = order.empty() ? nullptr : order.front()->MdiParent();
+    FormWindow* parentWindow = nullptr;
+    if (parent) parentWindow = parent->Visible() ? EnsureWindow(*parent) : WindowFor(*parent);
+    std::vector<forms::Form*> showing;
+    if (parentWindow) {
+        const QRect area(QPoint(0, 0), parentWindow->Surface()->size());
+        showing = cells_.Showing(area, [this](const forms::Form& cell) { return CellRect(cell); });
+    }
+    std::unordered_set<const forms::Form*> keep(showing.begin(), showing.end());
+    // The cell the user works with keeps its window whatever covers it: the
+    // active one, and the one a drag started from.
+    forms::Form* active = app_.Runtime().ActiveForm();
+    if (active && cells_.Contains(*active)) keep.insert(active);
+    if (dragSource_ && cells_.Contains(*dragSource_)) keep.insert(dragSource_);
+    if (!parentWindow) keep.clear();
+
+    std::vector<FormWindow*> gone;
+    for (auto& [form, window] : windows_) {
+        if (window->GetHosting() == Hosting::MdiChild && !keep.count(form)) gone.push_back(window);
+    }
+    for (FormWindow* window : gone) Retire(window);
+
+    // Windows for the cells that came into view, lying on one another as
+    // the cells do.
+    std::vector<FormWindow*> stacked;
+    for (forms::Form* cell : order) {
+        if (!keep.count(cell)) continue;
+        FormWindow* window = WindowFor(*cell);
+        if (!window) window = MakeWindow(*cell);
+        if (window) stacked.push_back(window);
+    }
+    std::vector<FormWindow*> now;
+    if (parentWindow) {
+        for (QObject* child : parentWindow->Surface()->children()) {
+            auto* window = dynamic_cast<FormWindow*>(child);
+            if (window && window->Form()) now.push_back(window);
+        }
+    }
+    if (now != stacked) {
+        for (FormWindow* window : stacked) window->raise();
+    }
+    if (active && active->MdiParent()) {
+        FormWindow* window = WindowFor(*active);
+        if (activeChild_ && activeChild_ != window) activeChild_->SetTitleActive(false);
+        activeChild_ = window;
+        if (window) window->SetTitleActive(true);
+    }
+    updatingCells_ = false;
 }
 
 void QtBinding::ControlChanged(forms::Control& control) {
@@ -228,6 +329,10 @@ void QtBinding::FocusChanged(forms::Control* control) {
 }
 
 void QtBinding::ActiveFormChanged(forms::Form& form) {
+    if (cells_.Contains(form)) {
+        cells_.Raise(form);
+        ScheduleCells();
+    }
     if (form.MdiParent()) {
         // The active cell comes in front of the others and shows it.
         FormWindow* window = WindowFor(form);
@@ -277,6 +382,7 @@ void QtBinding::PopupMenuRequested(forms::MenuItem& menu) {
 }
 
 void QtBinding::DragStarted(forms::Control& source) {
+    dragSource_ = &source.Parent();
     drag_->Started(source);
 }
 
@@ -285,6 +391,7 @@ void QtBinding::DragIconChanged(const std::string& picture) {
 }
 
 void QtBinding::DragEnded() {
+    dragSource_ = nullptr;
     drag_->Ended();
 }
 

@@ -10,6 +10,10 @@
 // active (or gives the focus to a control of a form that is not), the
 // window of that form is activated once the event is over; for a memory
 // cell, the parent's window, with the cell raised inside it.
+//
+// Memory cells get a window only while some part of them shows inside the
+// memory window (CellStage): a cell covered by others, or outside the
+// window's area, has none, and gets one again once it comes into view.
 #pragma once
 
 #include <QPoint>
@@ -22,6 +26,7 @@
 #include <vector>
 
 #include "forms/runtime_observer.h"
+#include "qtbind/cell_stage.h"
 #include "qtbind/pixel_scale.h"
 
 class QMenu;
@@ -54,8 +59,11 @@ class QtBinding : public forms::RuntimeObserver {
     QtBinding& operator=(const QtBinding&) = delete;
 
     const PixelScale& Scale() const { return scale_; }
-    // nullptr while the form has no window yet.
+    // nullptr while the form has no window: not shown yet, or a memory cell
+    // that does not show.
     FormWindow* WindowFor(const forms::Form& form) const;
+    // The memory cells as they lie on one another, the bottom one first.
+    const CellStage& Cells() const { return cells_; }
     QWidget* WidgetFor(const forms::Control& control) const;
     // The control under a point of the screen, in any of the program's
     // windows, and that point in the control's widget; nullptr over none.
@@ -95,6 +103,12 @@ class QtBinding : public forms::RuntimeObserver {
   private:
     FormWindow* EnsureWindow(forms::Form& form);
     FormWindow* MakeWindow(forms::Form& form);
+    // The window goes; the form may stay.
+    void Retire(FormWindow* window);
+    // Which cells show is worked out once the changes of an event are over.
+    void ScheduleCells();
+    void UpdateCells();
+    QRect CellRect(const forms::Form& cell) const;
     void Restack();
     void Decorate(forms::Form& form, FormWindow& window);
     // Activates the window of the model's active form once the event that
@@ -114,6 +128,11 @@ class QtBinding : public forms::RuntimeObserver {
     bool activationPending_ = false;
     // The memory cell shown as the active one inside its parent.
     QPointer<FormWindow> activeChild_;
+    CellStage cells_;
+    bool cellsPending_ = false;
+    bool updatingCells_ = false;
+    // The form whose control a drag under way started from.
+    forms::Form* dragSource_ = nullptr;
     // The desktop's modal loop, when the program runs on it.
     QtModalHost* modalHost_ = nullptr;
     // The window manager's frames and its band of windows above the others.
