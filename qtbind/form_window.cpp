@@ -271,7 +271,9 @@ void FormWindow::ShowNow() {
     }
     ApplyWindowState();
     --applying_;
-    if (callbacks_.shown) callbacks_.shown();
+    // A cell lies inside its parent: the band of windows above the others
+    // is no matter of its.
+    if (callbacks_.shown && hosting_ != Hosting::MdiChild) callbacks_.shown();
     StartSettling();
 }
 
