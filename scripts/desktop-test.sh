@@ -109,8 +109,10 @@ if [ -z "$only" ] || [ "$only" = mutter ]; then
         --address="unix:path=$XDG_RUNTIME_DIR/bus")"
     pids+=("$(sed -n 2p <<<"$bus")")
     export DBUS_SESSION_BUS_ADDRESS="$(sed -n 1p <<<"$bus")"
+    # The log is there before mutter writes to it: it is read below at once.
+    : >"$work/mutter.log"
     mutter --wayland --headless --virtual-monitor 1600x1000 \
-        --wayland-display "$wayland" >"$work/mutter.log" 2>&1 &
+        --wayland-display "$wayland" >>"$work/mutter.log" 2>&1 &
     pids+=($!)
     # mutter names the display it gives X clients in its log; a socket left
     # behind by an earlier server may already bear that number.
