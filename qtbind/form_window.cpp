@@ -135,8 +135,11 @@ void FormWindow::ApplyForm() {
         setWindowTitle(title);
         // Screen readers name the window by its title, and hear of a new one.
         setAccessibleName(AccessibleWindowName(*form_));
-        QAccessibleEvent renamed(this, QAccessible::NameChanged);
-        Announce(renamed);
+        // A cell is told of by the memory window's list (CellAccess).
+        if (!childFrame_) {
+            QAccessibleEvent renamed(this, QAccessible::NameChanged);
+            Announce(renamed);
+        }
         // A cell writes its caption itself, and its controls carry it in
         // their accessible names.
         if (childFrame_) {

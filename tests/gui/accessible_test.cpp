@@ -126,7 +126,8 @@ class AccessibleTest : public QObject {
         QVERIFY(dropped);
         QVERIFY(TextOf(dropped).contains(QStringLiteral("Drop Here")));
         for (int n = 1; n <= 5; ++n) {
-            QVERIFY(Named(converter, QStringLiteral("Conversion %1").arg(n), QAccessible::StaticText));
+            QVERIFY(
+                Named(converter, QStringLiteral("Conversion %1").arg(n), QAccessible::StaticText));
         }
     }
 
