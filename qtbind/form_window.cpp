@@ -240,7 +240,12 @@ void FormWindow::LayoutChildren() {
         // The parent's whole client area holds the cells, maximised or not.
         inner = QRect(0, menuBarHeight_, width(), std::max(0, height() - menuBarHeight_));
     }
-    if (surface_->geometry() != inner) surface_->setGeometry(inner);
+    if (surface_->geometry() != inner) {
+        surface_->setGeometry(inner);
+        // Controls that the window's edge cuts off (the keys when Show Keys
+        // is off) are no longer on show, or are again.
+        UpdateFocusChain();
+    }
 }
 
 void FormWindow::ApplyVisible() {
@@ -356,11 +361,12 @@ void FormWindow::ApplyControl(const forms::Control& control) {
 }
 
 void FormWindow::UpdateFocusChain() {
+    const QRect area(QPoint(0, 0), surface_->size());
     // Later controls lie in front of earlier ones.
     for (std::size_t i = 0; i < views_.size(); ++i) {
         QWidget* widget = views_[i]->Widget();
         if (!widget) continue;
-        bool covered = false;
+        bool covered = !area.intersects(widget->geometry());
         for (std::size_t j = i + 1; j < views_.size() && !covered; ++j) {
             const QWidget* front = views_[j]->Widget();
             covered = front && !front->isHidden() && front->geometry().contains(widget->geometry());

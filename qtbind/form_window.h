@@ -132,8 +132,9 @@ class FormWindow : public QWidget {
     void ApplyWindowState();
     void LayoutChildren();
     // The Tab key passes over a control that the controls in front of it
-    // cover whole (Backspace behind Foot, Pi behind Inch): the user cannot
-    // see where the focus went.
+    // cover whole (Backspace behind Foot, Pi behind Inch), or that lies
+    // wholly outside the form's inner area (the keys with Show Keys off):
+    // the user could not see where the focus went.
     void UpdateFocusChain();
     bool DrawsOwnFrame() const {
         return hosting_ == Hosting::Frameless || hosting_ == Hosting::MdiChild;

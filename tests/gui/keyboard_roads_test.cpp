@@ -49,6 +49,25 @@ class KeyboardRoadsTest : public QObject {
         QVERIFY(calc->P().Calculator->Find("Pi")->Visible());
     }
 
+    // With Show Keys off the keys lie below the window's edge: Tab takes
+    // the focus to none of them.
+    void TabPassesOverTheKeysOutOfTheWindow() {
+        calc->P().Calculator->GetMenu("ShowKeys").Click();
+        calc->Binding().AfterEvent();
+        guitest::Settle();
+        QVERIFY(!calc->P().Calculator->GetMenu("ShowKeys").Checked());
+        QWidget* before = calc->CalculatorWindow()->focusWidget();
+        for (int i = 0; i < 5; ++i) {
+            calc->Press(Qt::Key_Tab);
+            QCOMPARE(calc->CalculatorWindow()->focusWidget(), before);
+        }
+        calc->P().Calculator->GetMenu("ShowKeys").Click();
+        calc->Binding().AfterEvent();
+        guitest::Settle();
+        calc->Press(Qt::Key_Tab);
+        QVERIFY(calc->CalculatorWindow()->focusWidget() != before);
+    }
+
     void TheMenuKeyOpensThePopupAtTheReadout_data() {
         QTest::addColumn<int>("key");
         QTest::addColumn<int>("modifiers");
