@@ -28,10 +28,6 @@ class ControlView {
     // Brings the widget up to date with every property of the control;
     // properties that did not change leave the widget alone.
     void Apply();
-    // The name and description that screen readers get: the control's name
-    // as a person reads it ("7", "Clear entry", "Readout"; accessible_names)
-    // and its tool tip.
-    void ApplyAccessibleText();
     // A control covered whole by controls in front of it takes no focus
     // from the Tab key; uncovered, it takes it as its widget always has.
     void SetCovered(bool covered);
@@ -40,6 +36,10 @@ class ControlView {
 
   private:
     QWidget* MakeWidget(QWidget* parent);
+    // The name and description that screen readers get: the control's name
+    // as a person reads it ("7", "Clear entry", "Readout"; accessible_names)
+    // and its tool tip.
+    void ApplyAccessibleText();
     void ApplyGeometry();
     void ApplyLooks();
     void ApplyCaption();

@@ -12,8 +12,8 @@ void ActivateForPress(forms::Form& form) {
 
 void ReleaseOnForm(forms::Form& form, int button, int shift, float x, float y, bool clicked) {
     if (form.MouseUp) form.MouseUp(button, shift, x, y);
-    // MouseUp may have closed the form.
-    if (clicked && form.Loaded() && form.Click) form.Click();
+    // MouseUp may have closed the form, or ended the program.
+    if (clicked && form.Loaded() && !form.GetRuntime().Ended() && form.Click) form.Click();
 }
 
 }  // namespace qtbind

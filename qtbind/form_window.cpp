@@ -140,12 +140,8 @@ void FormWindow::ApplyForm() {
             QAccessibleEvent renamed(this, QAccessible::NameChanged);
             Announce(renamed);
         }
-        // A cell writes its caption itself, and its controls carry it in
-        // their accessible names.
-        if (childFrame_) {
-            update();
-            for (auto& view : views_) view->ApplyAccessibleText();
-        }
+        // A cell writes its caption itself.
+        if (childFrame_) update();
     }
     surface_->SetBackColor(ModelColor(form_->BackColor()));
     // Out of the maximised state first, so that the model's rectangle then
