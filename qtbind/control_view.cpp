@@ -1,15 +1,19 @@
 #include "qtbind/control_view.h"
 
 #include <QAbstractButton>
+#include <QAccessible>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 
 #include "forms/form.h"
 #include "forms/grid.h"
+#include "qtbind/accessible_names.h"
+#include "qtbind/announce.h"
 #include "qtbind/font_map.h"
 #include "qtbind/grid_view.h"
 #include "qtbind/key_button.h"
+#include "qtbind/label_accessible.h"
 #include "qtbind/line_view.h"
 #include "qtbind/model_color.h"
 #include "qtbind/program_icon.h"
@@ -53,6 +57,7 @@ QWidget* ControlView::MakeWidget(QWidget* parent) {
         case forms::ControlKind::Label:
         case forms::ControlKind::Picture: {
             auto* label = new QLabel(parent);
+            if (control_->Kind() == forms::ControlKind::Label) LabelAccessible::Mark(label);
             label->setTextFormat(Qt::PlainText);
             label->setWordWrap(true);
             label->setMargin(0);
@@ -125,21 +130,24 @@ void ControlView::Apply() {
 
 void ControlView::ApplyAccessibleText() {
     if (!control_ || !widget_) return;
-    QString name = QString::fromStdString(control_->FullName());
-    // Every memory cell has a Label1: the cell's name tells them apart.
-    const forms::Form& form = control_->Parent();
-    if (form.MdiParent()) name += QLatin1Char(' ') + QString::fromStdString(form.Caption());
+    const QString name = AccessibleName(*control_);
     if (widget_->accessibleName() != name) widget_->setAccessibleName(name);
-    // What the tool tip says of the control, a screen reader says too. A
-    // label without a tip describes itself with what it shows, as its name
-    // is taken: the readout's entry or result, a cell's value.
-    QString description = QString::fromStdString(control_->ToolTipText());
-    if (description.isEmpty() && control_->Kind() == forms::ControlKind::Label) {
-        description = DisplayCaption(*control_);
-    }
+    // What the tool tip says of the control, a screen reader says too. What
+    // a label shows it reads through the label's text.
+    const QString description = QString::fromStdString(control_->ToolTipText());
     if (widget_->accessibleDescription() != description) {
         widget_->setAccessibleDescription(description);
     }
+}
+
+void ControlView::SetCovered(bool covered) {
+    if (!widget_) return;
+    if (!coveredSet_) {
+        ownFocus_ = widget_->focusPolicy();
+        coveredSet_ = true;
+    }
+    const Qt::FocusPolicy policy = covered ? Qt::NoFocus : ownFocus_;
+    if (widget_->focusPolicy() != policy) widget_->setFocusPolicy(policy);
 }
 
 void ControlView::ApplyGeometry() {
@@ -177,7 +185,7 @@ void ControlView::ApplyLooks() {
             SetPaletteColor(widget_, QPalette::ButtonText, fore);
             break;
         case forms::ControlKind::Grid:
-            widget_->update();
+            static_cast<GridView*>(widget_)->ModelChanged();
             break;
         case forms::ControlKind::Line:
             static_cast<LineView*>(widget_)->SetColor(fore);
@@ -203,7 +211,14 @@ void ControlView::ApplyCaption() {
             [[fallthrough]];
         case forms::ControlKind::Label: {
             auto* label = static_cast<QLabel*>(widget_);
-            if (label->text() != caption) label->setText(caption);
+            if (label->text() == caption) break;
+            const QString before = label->text();
+            label->setText(caption);
+            // A screen reader hears what the readout (or any label) shows now.
+            if (control_->Kind() == forms::ControlKind::Label) {
+                QAccessibleTextUpdateEvent event(label, 0, before, caption);
+                Announce(event);
+            }
             break;
         }
         case forms::ControlKind::PushButton:

@@ -28,16 +28,18 @@ class ControlView {
     // Brings the widget up to date with every property of the control;
     // properties that did not change leave the widget alone.
     void Apply();
-    // The name and description that screen readers get: the control's name
-    // ("Number(7)", "Readout"; a memory cell's "Label1 Memory 1", with the
-    // cell's name, which changes with it) and its tool tip; a label without
-    // a tool tip is described by its caption.
-    void ApplyAccessibleText();
+    // A control covered whole by controls in front of it takes no focus
+    // from the Tab key; uncovered, it takes it as its widget always has.
+    void SetCovered(bool covered);
     // The control is going away with its form: the widget forgets it.
     void Detach();
 
   private:
     QWidget* MakeWidget(QWidget* parent);
+    // The name and description that screen readers get: the control's name
+    // as a person reads it ("7", "Clear entry", "Readout"; accessible_names)
+    // and its tool tip.
+    void ApplyAccessibleText();
     void ApplyGeometry();
     void ApplyLooks();
     void ApplyCaption();
@@ -47,6 +49,8 @@ class ControlView {
     std::function<void(forms::Control&)> clicked_;
     QWidget* widget_ = nullptr;
     bool settingText_ = false;
+    bool coveredSet_ = false;
+    Qt::FocusPolicy ownFocus_ = Qt::NoFocus;      // the widget's own, before any cover
     std::pair<int, int> appliedSelection_{0, 0};  // of a text box: start and length
 };
 

@@ -10,6 +10,7 @@
 #include <QWidget>
 
 #include "forms/runtime.h"
+#include "qtbind/form_click.h"
 #include "qtbind/key_codes.h"
 
 namespace qtbind {
@@ -39,6 +40,20 @@ bool WidgetActsOnMouse(const QWidget* widget, Qt::MouseButton button) {
 
 bool IsTab(const QKeyEvent& event) {
     return event.key() == Qt::Key_Tab || event.key() == Qt::Key_Backtab;
+}
+
+// Ctrl+C, and Ctrl+Insert of the older desktops.
+bool IsCopy(const QKeyEvent& event) {
+    const Qt::KeyboardModifiers mods = event.modifiers() & ~Qt::KeypadModifier;
+    if (mods != Qt::ControlModifier) return false;
+    return event.key() == Qt::Key_C || event.key() == Qt::Key_Insert;
+}
+
+// The context menu key, and Shift+F10 where a keyboard has none.
+bool IsPopupKey(const QKeyEvent& event) {
+    const Qt::KeyboardModifiers mods = event.modifiers() & ~Qt::KeypadModifier;
+    if (event.key() == Qt::Key_Menu) return mods == Qt::NoModifier;
+    return event.key() == Qt::Key_F10 && mods == Qt::ShiftModifier;
 }
 
 }  // namespace
@@ -127,9 +142,20 @@ bool FormInput::KeyPressed(QObject* watched, forms::Control* control, QKeyEvent&
             form_->KeyPress(keyAscii);
         }
     }
+    // The program's own keys have had the key first, and acted on it as they
+    // always have (on none of these, as it happens); the copy and the popup
+    // are roads beside them. A text box copies its own selection.
+    bool command = false;
+    if (form_ && IsCopy(event) && copy_ && !qobject_cast<QLineEdit*>(watched)) {
+        copy_();
+        command = true;
+    } else if (form_ && IsPopupKey(event) && popupKey_) {
+        popupKey_();
+        command = true;
+    }
     // The form that previews keys keeps them; a control whose KeyDown took
     // the key (set it to 0) keeps it from its widget.
-    const bool consumed = (form_ && FormHasKeys()) || (known && keyCode == 0);
+    const bool consumed = command || (form_ && FormHasKeys()) || (known && keyCode == 0);
     if (afterEvent_) afterEvent_();
     return consumed;
 }
@@ -209,8 +235,7 @@ bool FormInput::MouseReleased(QWidget* widget, forms::Control* control, QMouseEv
     if (control) {
         if (control->MouseUp) control->MouseUp(button, shift, x, y);
     } else {
-        if (form_->MouseUp) form_->MouseUp(button, shift, x, y);
-        if (form_ && clicked && form_->Click) form_->Click();
+        ReleaseOnForm(*form_, button, shift, x, y, clicked);
     }
     if (afterEvent_) afterEvent_();
     return !WidgetActsOnMouse(widget, event.button());

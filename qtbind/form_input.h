@@ -14,6 +14,7 @@
 // Click, a double click on a label, the grid or the form its DblClick. So a
 // double click on the form's own area is MouseDown, MouseUp, Click,
 // DblClick and MouseUp. Focus given by the user goes to the model's focus.
+// Copy and popup keys: see SetCopy and SetPopupKey.
 #pragma once
 
 #include <QObject>
@@ -42,6 +43,10 @@ class FormInput : public QObject {
     // Runs at every press on any watched widget, before the press is
     // handled (a memory cell is activated by it).
     void SetPressHook(std::function<void()> hook) { pressHook_ = std::move(hook); }
+    // Ctrl+C (or Ctrl+Insert) copies a value, the menu key (or Shift+F10)
+    // opens a popup menu; each after the model has had the key as usual.
+    void SetCopy(std::function<void()> copy) { copy_ = std::move(copy); }
+    void SetPopupKey(std::function<void()> popup) { popupKey_ = std::move(popup); }
     // While set, focus changes are the model's own and are not reported.
     void SetApplyingFocus(bool on) { applyingFocus_ = on; }
 
@@ -72,6 +77,8 @@ class FormInput : public QObject {
     PixelScale scale_;
     std::function<void()> afterEvent_;
     std::function<void()> pressHook_;
+    std::function<void()> copy_;
+    std::function<void()> popupKey_;
     struct Watched {
         forms::Control* control;
         bool keysOnly;

@@ -1,10 +1,13 @@
 #include "qtbind/form_window.h"
 
+#include <QAccessible>
 #include <QGuiApplication>
 #include <QMenuBar>
 #include <algorithm>
 
 #include "forms/runtime.h"
+#include "qtbind/accessible_names.h"
+#include "qtbind/announce.h"
 #include "qtbind/control_view.h"
 #include "qtbind/form_input.h"
 #include "qtbind/form_surface.h"
@@ -36,9 +39,8 @@ FormWindow::FormWindow(forms::Form& form, const PixelScale& scale, WindowCallbac
           AfterEvent();
       }),
       drag_(scale.ToPixelsX(form.Insets().left)) {
-    const QString name = QString::fromStdString(form.Name());
-    setObjectName(name);
-    setAccessibleName(name);
+    setObjectName(QString::fromStdString(form.Name()));
+    setAccessibleName(AccessibleWindowName(form));
     // Forms drawn without an icon leave the frame to the desktop's default.
     if (form.HasIcon()) setWindowIcon(ProgramIcon());
     // The program ends when the model says so, never because a window shut.
@@ -53,6 +55,8 @@ FormWindow::FormWindow(forms::Form& form, const PixelScale& scale, WindowCallbac
     input_ = new FormInput(form, scale, [this] { AfterEvent(); });
     input_->setParent(this);
     if (hosting_ == Hosting::MdiChild) input_->SetPressHook([this] { ActivateChild(); });
+    input_->SetCopy(callbacks_.copy);
+    input_->SetPopupKey(callbacks_.popupKey);
     if (hosting_ != Hosting::MdiChild && HasVisibleMenu(form)) {
         menuBar_ = new QMenuBar(this);
         menuBar_->setNativeMenuBar(false);
@@ -63,6 +67,7 @@ FormWindow::FormWindow(forms::Form& form, const PixelScale& scale, WindowCallbac
     surface_ = new FormSurface(this);
     input_->Watch(surface_, nullptr);
     BuildControls();
+    UpdateFocusChain();
     input_->Watch(this, nullptr, /*keysOnly=*/true);
     if (DrawsOwnFrame()) setMouseTracking(true);
     settleTimer_.setInterval(20);
@@ -128,12 +133,15 @@ void FormWindow::ApplyForm() {
     const QString title = QString::fromStdString(form_->Caption());
     if (windowTitle() != title) {
         setWindowTitle(title);
-        // A cell writes its caption itself, and its controls carry it in
-        // their accessible names.
-        if (childFrame_) {
-            update();
-            for (auto& view : views_) view->ApplyAccessibleText();
+        // Screen readers name the window by its title, and hear of a new one.
+        setAccessibleName(AccessibleWindowName(*form_));
+        // A cell is told of by the memory window's list (CellAccess).
+        if (!childFrame_) {
+            QAccessibleEvent renamed(this, QAccessible::NameChanged);
+            Announce(renamed);
         }
+        // A cell writes its caption itself.
+        if (childFrame_) update();
     }
     surface_->SetBackColor(ModelColor(form_->BackColor()));
     // Out of the maximised state first, so that the model's rectangle then
@@ -228,7 +236,12 @@ void FormWindow::LayoutChildren() {
         // The parent's whole client area holds the cells, maximised or not.
         inner = QRect(0, menuBarHeight_, width(), std::max(0, height() - menuBarHeight_));
     }
-    if (surface_->geometry() != inner) surface_->setGeometry(inner);
+    if (surface_->geometry() != inner) {
+        surface_->setGeometry(inner);
+        // Controls that the window's edge cuts off (the keys when Show Keys
+        // is off) are no longer on show, or are again.
+        UpdateFocusChain();
+    }
 }
 
 void FormWindow::ApplyVisible() {
@@ -329,10 +342,32 @@ void FormWindow::ApplyWindowState() {
 void FormWindow::ApplyControl(const forms::Control& control) {
     auto found = viewOf_.find(&control);
     if (found == viewOf_.end()) return;
+    QWidget* widget = found->second->Widget();
+    const QRect before = widget ? widget->geometry() : QRect();
+    const bool shownBefore = widget && !widget->isHidden();
     found->second->Apply();
+    // A control that moved, came or went may cover another, or no longer.
+    if (widget && (widget->geometry() != before || widget->isHidden() == shownBefore)) {
+        UpdateFocusChain();
+    }
     // The sunken frame lies on the form around the control: it moves with it.
     if (found->second->Widget() && found->second->Widget() == surface_->SunkenEdgeChild()) {
         surface_->update();
+    }
+}
+
+void FormWindow::UpdateFocusChain() {
+    const QRect area(QPoint(0, 0), surface_->size());
+    // Later controls lie in front of earlier ones.
+    for (std::size_t i = 0; i < views_.size(); ++i) {
+        QWidget* widget = views_[i]->Widget();
+        if (!widget) continue;
+        bool covered = !area.intersects(widget->geometry());
+        for (std::size_t j = i + 1; j < views_.size() && !covered; ++j) {
+            const QWidget* front = views_[j]->Widget();
+            covered = front && !front->isHidden() && front->geometry().contains(widget->geometry());
+        }
+        views_[i]->SetCovered(covered);
     }
 }
 

@@ -51,6 +51,10 @@ struct WindowCallbacks {
     std::function<void()> activationRefused;
     // The window manager's frames, where there is one (X11).
     X11Desktop* desktop = nullptr;
+    // Ctrl+C on the window, and the menu key (or Shift+F10); none where
+    // the window has no use for them.
+    std::function<void()> copy;
+    std::function<void()> popupKey;
 };
 
 class FormWindow : public QWidget {
@@ -127,6 +131,11 @@ class FormWindow : public QWidget {
     void ApplyVisible();
     void ApplyWindowState();
     void LayoutChildren();
+    // The Tab key passes over a control that the controls in front of it
+    // cover whole (Backspace behind Foot, Pi behind Inch), or that lies
+    // wholly outside the form's inner area (the keys with Show Keys off):
+    // the user could not see where the focus went.
+    void UpdateFocusChain();
     bool DrawsOwnFrame() const {
         return hosting_ == Hosting::Frameless || hosting_ == Hosting::MdiChild;
     }

@@ -7,6 +7,7 @@
 
 #include "forms/runtime.h"
 #include "qtbind/bevel.h"
+#include "qtbind/form_click.h"
 #include "qtbind/form_window.h"
 #include "qtbind/x11_desktop.h"
 
@@ -82,8 +83,7 @@ void FormWindow::ActivateChild() {
     // front of the others, before the press itself is handled.
     raise();
     if (ModelGone()) return;
-    forms::Runtime& runtime = form_->GetRuntime();
-    if (runtime.ActiveForm() != form_) runtime.Activate(*form_);
+    ActivateForPress(*form_);
 }
 
 void FormWindow::moveEvent(QMoveEvent* event) {

@@ -1,11 +1,13 @@
 #include "qtbind/grid_view.h"
 
+#include <QAccessible>
 #include <QKeyEvent>
 #include <QPainter>
 #include <QWheelEvent>
 #include <algorithm>
 
 #include "qtbind/model_color.h"
+#include "qtbind/tape_accessible.h"
 
 namespace qtbind {
 
@@ -29,6 +31,29 @@ GridView::GridView(forms::Grid& grid, const PixelScale& scale, QWidget* parent)
     : QWidget(parent), grid_(&grid), scale_(scale) {
     setFocusPolicy(Qt::StrongFocus);
     setAttribute(Qt::WA_OpaquePaintEvent);
+}
+
+int GridView::LineCount(int column) const {
+    if (!grid_) return 0;
+    // Row 0 is above the first line of every tape.
+    const int rows = grid_->Rows() - 1;
+    return lineCount_ ? std::clamp(lineCount_(column), 0, rows) : rows;
+}
+
+void GridView::ModelChanged() {
+    update();
+    if (!listened_ || accessibleUpdatePending_) return;
+    accessibleUpdatePending_ = true;
+    QMetaObject::invokeMethod(
+        this,
+        [this] {
+            accessibleUpdatePending_ = false;
+            if (auto* tape =
+                    dynamic_cast<TapeAccessible*>(QAccessible::queryAccessibleInterface(this))) {
+                tape->Update();
+            }
+        },
+        Qt::QueuedConnection);
 }
 
 int GridView::RowPixels() const {

@@ -2,6 +2,7 @@
 
 #include <QAction>
 #include <QApplication>
+#include <QClipboard>
 #include <QCoreApplication>
 #include <QCursor>
 #include <QGuiApplication>
@@ -9,11 +10,16 @@
 #include <algorithm>
 #include <unordered_set>
 
+#include "memory/cells.h"
+#include "qtbind/accessible_factory.h"
+#include "qtbind/cell_access.h"
 #include "qtbind/drag_tracker.h"
 #include "qtbind/form_surface.h"
 #include "qtbind/form_window.h"
+#include "qtbind/grid_view.h"
 #include "qtbind/qt_modal_host.h"
 #include "qtbind/screen_info.h"
+#include "qtbind/value_copy.h"
 #include "qtbind/window_style.h"
 #include "qtbind/x11_desktop.h"
 #include "shell/lathmark_app.h"
@@ -26,6 +32,8 @@ QtBinding::QtBinding(shell::LathmarkApp& app)
 QtBinding::QtBinding(shell::LathmarkApp& app, const PixelScale& scale)
     : app_(app), scale_(scale), queue_(std::make_unique<QObject>()) {
     if (X11Desktop::OnX11()) desktop_ = std::make_unique<X11Desktop>();
+    InstallAccessibleFactory();
+    cellAccess_ = std::make_unique<CellAccess>(app_.Runtime(), scale_, [this] { AfterEvent(); });
     DragTracker::Hooks hooks;
     hooks.widgetFor = [this](const forms::Control& control) { return WidgetFor(control); };
     hooks.controlAt = [this](const QPoint& global, QPoint& local) {
@@ -57,6 +65,7 @@ QtBinding::~QtBinding() {
     windows_.clear();
     for (FormWindow* window : windows) delete window;
     for (QPointer<QWidget>& frame : retired_) delete frame.data();
+    cellAccess_.reset();
 }
 
 FormWindow* QtBinding::WindowFor(const forms::Form& form) const {
@@ -148,8 +157,13 @@ FormWindow* QtBinding::MakeWindow(forms::Form& form) {
     callbacks.shown = [this] { Restack(); };
     callbacks.activationRefused = [this] { ScheduleActivation(); };
     callbacks.desktop = desktop_.get();
+    callbacks.copy = [this] { CopyValue(); };
+    // The calculator's popup menu comes from the keyboard too.
+    if (&form == app_.Program().Calculator) callbacks.popupKey = [this] { PopupFromKeyboard(); };
     auto* window = new FormWindow(form, scale_, std::move(callbacks), area);
     windows_[&form] = window;
+    // Screen readers find every cell in the memory window's area.
+    if (HostingOf(form) == Hosting::MdiParent) cellAccess_->SetArea(window->Surface());
     Decorate(form, *window);
     if (forms::Control* focus = app_.Runtime().Focus(); focus && &focus->Parent() == &form) {
         window->ApplyFocus(*focus);
@@ -161,6 +175,19 @@ void QtBinding::Decorate(forms::Form& form, FormWindow& window) {
     // The calculator's Paint draws a sunken frame around its readout.
     if (form.Name() == "Calculator") {
         if (forms::Control* readout = form.Find("Readout")) window.SetSunkenEdgeAround(*readout);
+    }
+    // The tape's grid keeps more rows than a tape has lines; the store
+    // knows how many each has.
+    if (&form == app_.Program().frmTape) {
+        forms::Control* grid = form.Find("Grid1");
+        if (auto* view = grid ? dynamic_cast<GridView*>(window.WidgetFor(*grid)) : nullptr) {
+            view->SetLineCount([this](int column) {
+                const auto& counts = app_.Program().tape->TapeRowCount();
+                return column >= 0 && static_cast<std::size_t>(column) < counts.size()
+                           ? static_cast<int>(counts[column])
+                           : 0;
+            });
+        }
     }
 }
 
@@ -192,6 +219,7 @@ void QtBinding::FormLoaded(forms::Form& form) {
     if (HostingOf(form) == Hosting::MdiChild) {
         cells_.Raise(form);
         ScheduleCells();
+        cellAccess_->CellLoaded(form);
     }
 }
 
@@ -207,6 +235,7 @@ void QtBinding::FormChanged(forms::Form& form) {
     if (hosting == Hosting::MdiChild) {
         if (!cells_.Contains(form) && form.Loaded()) cells_.Raise(form);
         ScheduleCells();
+        cellAccess_->CellChanged(form);
     } else if (hosting == Hosting::MdiParent && cells_.Size() > 0) {
         ScheduleCells();
     }
@@ -215,6 +244,7 @@ void QtBinding::FormChanged(forms::Form& form) {
 
 void QtBinding::FormUnloaded(forms::Form& form) {
     if (dragSource_ == &form) dragSource_ = nullptr;
+    if (HostingOf(form) == Hosting::MdiChild) cellAccess_->CellUnloaded(form);
     if (cells_.Contains(form)) {
         cells_.Remove(form);
         // What it covered comes into view.
@@ -315,6 +345,8 @@ void QtBinding::UpdateCells() {
 
 void QtBinding::ControlChanged(forms::Control& control) {
     if (FormWindow* window = WindowFor(control.Parent())) window->ApplyControl(control);
+    // A cell's value, whether the cell shows or not.
+    cellAccess_->ControlChanged(control);
 }
 
 void QtBinding::MenuChanged(forms::MenuItem& item) {
@@ -378,7 +410,25 @@ void QtBinding::TopMostChanged() {
 }
 
 void QtBinding::PopupMenuRequested(forms::MenuItem& menu) {
-    ShowPopupMenu(menu, QCursor::pos());
+    ShowPopupMenu(menu, popupAt_.value_or(QCursor::pos()));
+}
+
+void QtBinding::PopupFromKeyboard() {
+    // The road of a right click on the readout, with the menu at the
+    // readout rather than wherever the mouse pointer happens to be.
+    forms::Control& readout = app_.Program().calc->Readout;
+    if (QWidget* widget = WidgetFor(readout)) {
+        popupAt_ = widget->mapToGlobal(QPoint(0, widget->height()));
+    }
+    app_.Runtime().PressMouse(readout, forms::kRightButton, 0,
+                              static_cast<float>(readout.Width() / 2),
+                              static_cast<float>(readout.Height() / 2));
+    popupAt_.reset();
+}
+
+void QtBinding::CopyValue() {
+    if (app_.Ended()) return;
+    QGuiApplication::clipboard()->setText(QString::fromStdString(ValueToCopy(app_.Program())));
 }
 
 void QtBinding::DragStarted(forms::Control& source) {

@@ -14,6 +14,7 @@
 // Memory cells get a window only while some part of them shows inside the
 // memory window (CellStage): a cell covered by others, or outside the
 // window's area, has none, and gets one again once it comes into view.
+// Screen readers find every cell all the same (CellAccess).
 #pragma once
 
 #include <QPoint>
@@ -44,6 +45,7 @@ class MenuItem;
 namespace qtbind {
 
 class X11Desktop;
+class CellAccess;
 
 class DragTracker;
 class FormWindow;
@@ -81,6 +83,12 @@ class QtBinding : public forms::RuntimeObserver {
     // Puts the window of a form that the program just showed on screen at
     // once (a modal form, before its loop runs); nullptr without one.
     FormWindow* ShowNow(forms::Form& form);
+
+    // The menu key (or Shift+F10) on the calculator: its popup menu, as a
+    // right click on the readout opens it, placed at the readout.
+    void PopupFromKeyboard();
+    // Ctrl+C: the value the user works with goes on the clipboard.
+    void CopyValue();
 
     // One pass of the main loop, after every event that reached the model:
     // the tape follows the calculator wherever it went.
@@ -137,6 +145,10 @@ class QtBinding : public forms::RuntimeObserver {
     QtModalHost* modalHost_ = nullptr;
     // The window manager's frames and its band of windows above the others.
     std::unique_ptr<X11Desktop> desktop_;
+    // The memory cells as screen readers find them.
+    std::unique_ptr<CellAccess> cellAccess_;
+    // Where a popup menu asked for now goes, instead of at the pointer.
+    std::optional<QPoint> popupAt_;
 };
 
 }  // namespace qtbind

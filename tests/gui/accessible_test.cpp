@@ -1,44 +1,24 @@
-// The windows as a screen reader meets them: every control answers to its
-// own name ("Number(7)", "Equal", "Readout"; a memory cell's label to
-// "Label1" and the cell's name) and describes itself with its tool tip (a
-// label without one, with what it shows), and the keys can be pressed
-// through the accessibility interface alone.
+// The windows as a screen reader meets them: each window a frame or a
+// dialog named by its title, each control named by what it does ("7",
+// "Add", "Clear entry", "Readout") and described by its tool tip, and the
+// keys pressed through the accessibility interface alone.
 #include <QAccessible>
 #include <QTest>
+#include <QTimer>
 #include <memory>
 #include <string>
 #include <vector>
 
+#include "accessible_tree.h"
 #include "forms/runtime.h"
 #include "memory/cells.h"
+#include "qtbind/accessible_names.h"
 #include "qtbind/form_window.h"
 #include "running_calculator.h"
 
+using guitest::Named;
 using guitest::RunningCalculator;
-
-namespace {
-
-// Every accessible object under `root`, depth first.
-void Collect(QAccessibleInterface* root, std::vector<QAccessibleInterface*>& into) {
-    if (!root) return;
-    into.push_back(root);
-    for (int i = 0; i < root->childCount(); ++i) Collect(root->child(i), into);
-}
-
-std::vector<QAccessibleInterface*> Tree(QWidget* window) {
-    std::vector<QAccessibleInterface*> all;
-    Collect(QAccessible::queryAccessibleInterface(window), all);
-    return all;
-}
-
-QAccessibleInterface* Named(QWidget* window, const QString& name) {
-    for (QAccessibleInterface* item : Tree(window)) {
-        if (item->text(QAccessible::Name) == name) return item;
-    }
-    return nullptr;
-}
-
-}  // namespace
+using guitest::TextOf;
 
 class AccessibleTest : public QObject {
     Q_OBJECT
@@ -50,25 +30,40 @@ class AccessibleTest : public QObject {
         guitest::Settle();
     }
 
-    // The keys by their names, each with its tool tip for a description.
-    void KeysAreNamedAndDescribed() {
+    // The keys by what they do, each with its tool tip for a description.
+    void KeysAreNamedByWhatTheyDo() {
         QWidget* window = calc->CalculatorWindow();
         QVERIFY(window);
         const struct {
             const char* name;
             const char* description;
-        } keys[] = {{"Number(7)", "7"},
-                    {"Number(0)", "0"},
-                    {"Plus", "Add"},
-                    {"Minus", "Subtract"},
-                    {"Equal", "Equals"},
-                    {"Foot", "Foot"},
-                    {"Decimal", "Decimal Point"},
-                    {"Spacebar", "Space"},
-                    {"SquareRoot", "Square Root"},
-                    {"CancelEntry", "Cancel Entry"}};
+        } keys[] = {{"0", "0"},
+                    {"1", "1"},
+                    {"2", "2"},
+                    {"3", "3"},
+                    {"4", "4"},
+                    {"5", "5"},
+                    {"6", "6"},
+                    {"7", "7"},
+                    {"8", "8"},
+                    {"9", "9"},
+                    {"Decimal point", "Decimal Point"},
+                    {"Space", "Space"},
+                    {"Feet", "Foot"},
+                    {"Inches", "Inch"},
+                    {"Add", "Add"},
+                    {"Subtract", "Subtract"},
+                    {"Multiply", "Multiply"},
+                    {"Divide", "Divide"},
+                    {"Clear", "Clear"},
+                    {"Clear entry", "Cancel Entry"},
+                    {"Equals", "Equals"},
+                    {"Square", "Square"},
+                    {"Square root", "Square Root"},
+                    {"Backspace", ""},
+                    {"Pi", ""}};
         for (const auto& key : keys) {
-            QAccessibleInterface* item = Named(window, QString::fromLatin1(key.name));
+            QAccessibleInterface* item = Named(window, QString::fromUtf8(key.name));
             QVERIFY2(item, key.name);
             QCOMPARE(item->role(), QAccessible::Button);
             QCOMPARE(item->text(QAccessible::Description), QString::fromUtf8(key.description));
@@ -76,15 +71,11 @@ class AccessibleTest : public QObject {
             QVERIFY(item->actionInterface()->actionNames().contains(
                 QAccessibleActionInterface::pressAction()));
         }
-        // The readout has no tool tip: it is described by what it shows.
-        QAccessibleInterface* readout = Named(window, QStringLiteral("Readout"));
-        QVERIFY(readout);
-        QCOMPARE(readout->text(QAccessible::Description), QStringLiteral("0."));
     }
 
-    // Every control that has a widget, on every window the program has
-    // made, answers to its own name.
-    void EveryControlOfEveryWindowIsNamed() {
+    // No control of any window goes by the name the program's code knows it
+    // by; every one goes by its name in the table.
+    void NoControlGoesByItsCodeName() {
         NewMemory();
         calc->P().Calculator->GetMenu("mnuConverter").Click();
         guitest::Settle();
@@ -95,62 +86,158 @@ class AccessibleTest : public QObject {
             ++windows;
             for (const auto& control : form->Controls()) {
                 if (!calc->Binding().WidgetFor(*control)) continue;
-                const QString name = QString::fromStdString(control->FullName());
+                const QString name = qtbind::AccessibleName(*control);
                 QVERIFY2(Named(window, name), qPrintable(name));
+                QVERIFY2(!name.contains(QLatin1Char('(')), qPrintable(name));
+                for (const char* code : {"Label1", "Grid1", "txtText1", "Command1", "Command2",
+                                         "CancelEntry", "lblLabel", "cmdScrollTape"}) {
+                    QVERIFY2(!name.contains(QLatin1String(code)), qPrintable(name));
+                }
             }
         }
         // The calculator, its tape, the converter and the memory window.
         QVERIFY(windows >= 4);
     }
 
-    // 12 feet, then plus 6 inches, pressed through the keys' press actions
-    // alone: the readout shows each entry as it grows, and the sum.
-    void KeysArePressedThroughTheirActions() {
-        QWidget* window = calc->CalculatorWindow();
-        Press(window, "Number(1)");
-        QTRY_COMPARE(calc->ReadoutText(), QStringLiteral("1"));
-        Press(window, "Number(2)");
-        QTRY_COMPARE(calc->ReadoutText(), QStringLiteral("12"));
-        Press(window, "Foot");
-        QTRY_COMPARE(calc->ReadoutText(), QStringLiteral("12'- "));
-        Press(window, "Equal");
-        QTRY_COMPARE(calc->TapeLines(), 1);
-        Press(window, "Plus");
-        QTRY_COMPARE(calc->ReadoutText(), QString());
-        Press(window, "Number(6)");
-        QTRY_COMPARE(calc->ReadoutText(), QStringLiteral("6"));
-        Press(window, "Inch");
-        QTRY_COMPARE(calc->ReadoutText(), QStringLiteral("6\""));
-        Press(window, "Equal");
-        QTRY_COMPARE(calc->ReadoutText(), QStringLiteral(" 12'- 6\""));
-        QCOMPARE(Named(window, QStringLiteral("Readout"))->text(QAccessible::Description),
-                 QStringLiteral(" 12'- 6\""));
-        QCOMPARE(calc->TapeLines(), 4);
-        QCOMPARE(calc->TapeLine(4), QStringLiteral(" 12'- 6\" "));
+    // The other controls of the calculator, its tape and the converter.
+    void LabelsAndTheTapeAreNamed() {
+        calc->P().Calculator->GetMenu("mnuConverter").Click();
+        guitest::Settle();
+        QWidget* calculator = calc->CalculatorWindow();
+        QAccessibleInterface* readout = Named(calculator, QStringLiteral("Readout"));
+        QVERIFY(readout);
+        QCOMPARE(readout->role(), QAccessible::StaticText);
+        QCOMPARE(TextOf(readout), QStringLiteral("0."));
+        QVERIFY(Named(calculator, QStringLiteral("Operation"), QAccessible::StaticText));
+        QVERIFY(Named(calculator, QStringLiteral("Formula prompt"), QAccessible::StaticText));
+
+        QWidget* tape = calc->TapeWindow();
+        QAccessibleInterface* title = Named(tape, QStringLiteral("Tape name"));
+        QVERIFY(title);
+        QCOMPARE(TextOf(title), QStringLiteral("Calculator"));
+        QVERIFY(Named(tape, QStringLiteral("Tape"), QAccessible::List));
+        // The arrows are there while cells are.
+        NewMemory();
+        QVERIFY(Named(tape, QStringLiteral("Previous tape"), QAccessible::Button));
+        QVERIFY(Named(tape, QStringLiteral("Next tape"), QAccessible::Button));
+
+        QWidget* converter = calc->Binding().WindowFor(*calc->P().Converter);
+        QAccessibleInterface* dropped = Named(converter, QStringLiteral("Dropped value"));
+        QVERIFY(dropped);
+        QVERIFY(TextOf(dropped).contains(QStringLiteral("Drop Here")));
+        for (int n = 1; n <= 5; ++n) {
+            QVERIFY(
+                Named(converter, QStringLiteral("Conversion %1").arg(n), QAccessible::StaticText));
+        }
     }
 
-    // A memory cell's label carries the cell's name, and follows it when
-    // the cell is renamed.
-    void ACellsLabelCarriesTheCellsName() {
+    // Each window a frame named by its title; the tape, which has none, is
+    // "Tape". A new title is a new name.
+    void WindowsAreFramesNamedByTheirTitles() {
         NewMemory();
-        NewMemory();
-        QWidget* parent = calc->Binding().WindowFor(*calc->P().MDIForm1);
-        QVERIFY(parent);
-        QVERIFY(Named(parent, QStringLiteral("Label1 Memory 1")));
-        QVERIFY(Named(parent, QStringLiteral("Label1 Memory 2")));
-        QCOMPARE(Named(parent, QStringLiteral("Label1 Memory 1"))->text(QAccessible::Description),
-                 QStringLiteral("0."));
-        QVERIFY(!Named(parent, QStringLiteral("Label1")));
-
-        forms::Form* first = nullptr;
-        for (forms::Form* form : calc->P().runtime.OpenForms()) {
-            if (memory::IsCell(*form) && form->Caption() == "Memory 1") first = form;
-        }
-        QVERIFY(first);
-        first->SetCaption("Stud wall");
+        calc->P().Calculator->GetMenu("mnuConverter").Click();
         guitest::Settle();
-        QVERIFY(Named(parent, QStringLiteral("Label1 Stud wall")));
-        QVERIFY(!Named(parent, QStringLiteral("Label1 Memory 1")));
+        const struct {
+            forms::Form* form;
+            const char* name;
+        } windows[] = {{calc->P().Calculator, "Lathmark Calculator"},
+                       {calc->P().frmTape, "Tape"},
+                       {calc->P().Converter, "Converter"},
+                       {calc->P().MDIForm1, "Memory"}};
+        for (const auto& w : windows) {
+            QWidget* window = calc->Binding().WindowFor(*w.form);
+            QVERIFY2(window, w.name);
+            QAccessibleInterface* frame = QAccessible::queryAccessibleInterface(window);
+            QCOMPARE(frame->role(), QAccessible::Window);
+            QCOMPARE(frame->text(QAccessible::Name), QString::fromUtf8(w.name));
+        }
+        guitest::EventRecorder events;
+        calc->P().MDIForm1->SetCaption("Stock");
+        guitest::Settle();
+        QWidget* memory = calc->Binding().WindowFor(*calc->P().MDIForm1);
+        QCOMPARE(QAccessible::queryAccessibleInterface(memory)->text(QAccessible::Name),
+                 QStringLiteral("Stock"));
+        QVERIFY(events.Count(QAccessible::NameChanged, QStringLiteral("Stock")) >= 1);
+    }
+
+    // The name prompt is a dialog named by its title, with its buttons OK
+    // and Cancel and its text box named by the line above it.
+    void ThePromptIsADialog() {
+        bool checked = false;
+        QTimer::singleShot(0, [&] {
+            guitest::Settle();
+            QWidget* prompt = calc->Binding().WindowFor(*calc->P().frmInput);
+            QVERIFY(prompt);
+            QAccessibleInterface* dialog = QAccessible::queryAccessibleInterface(prompt);
+            QCOMPARE(dialog->role(), QAccessible::Dialog);
+            QCOMPARE(dialog->text(QAccessible::Name), QStringLiteral("Named Memory"));
+            QVERIFY(Named(prompt, QStringLiteral("OK"), QAccessible::Button));
+            QAccessibleInterface* box =
+                Named(prompt, QStringLiteral("Enter a name for this memory cell:"),
+                      QAccessible::EditableText);
+            QVERIFY(box);
+            QCOMPARE(TextOf(Named(prompt, QStringLiteral("Prompt"))),
+                     QStringLiteral("Enter a name for this memory cell:"));
+            QAccessibleInterface* cancel = Named(prompt, QStringLiteral("Cancel"));
+            QVERIFY(cancel);
+            checked = true;
+            cancel->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+        });
+        calc->P().Calculator->GetMenu("NamedMemory").Click();
+        guitest::Settle();
+        QVERIFY(checked);
+        QCOMPARE(calc->P().MemoryCount, int16_t(1));
+    }
+
+    // The About box is a dialog, and its controls say what they are.
+    void TheAboutBoxIsADialog() {
+        bool checked = false;
+        QTimer::singleShot(0, [&] {
+            guitest::Settle();
+            forms::Form* form = calc->P().runtime.FindOpenForm("frmAbout");
+            QVERIFY(form);
+            QWidget* about = calc->Binding().WindowFor(*form);
+            QAccessibleInterface* dialog = QAccessible::queryAccessibleInterface(about);
+            QCOMPARE(dialog->role(), QAccessible::Dialog);
+            QCOMPARE(dialog->text(QAccessible::Name), QString::fromStdString(form->Caption()));
+            QVERIFY(Named(about, QStringLiteral("System Info"), QAccessible::Button));
+            QVERIFY(TextOf(Named(about, QStringLiteral("Version"))).startsWith("Version "));
+            QVERIFY(!TextOf(Named(about, QStringLiteral("Title"))).isEmpty());
+            QAccessibleInterface* ok = Named(about, QStringLiteral("OK"), QAccessible::Button);
+            QVERIFY(ok);
+            checked = true;
+            ok->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+        });
+        calc->P().Calculator->GetMenu("mnuAbout").Click();
+        guitest::Settle();
+        QVERIFY(checked);
+        QVERIFY(!calc->P().runtime.FindOpenForm("frmAbout"));
+    }
+
+    // 12 feet, then plus 6 inches, pressed through the keys' press actions
+    // alone: the readout's text shows each entry as it grows, and the sum.
+    void KeysArePressedThroughTheirActions() {
+        QWidget* window = calc->CalculatorWindow();
+        QAccessibleInterface* readout = Named(window, QStringLiteral("Readout"));
+        Press(window, "1");
+        QTRY_COMPARE(TextOf(readout), QStringLiteral("1"));
+        Press(window, "2");
+        QTRY_COMPARE(TextOf(readout), QStringLiteral("12"));
+        Press(window, "Feet");
+        QTRY_COMPARE(TextOf(readout), QStringLiteral("12'- "));
+        Press(window, "Equals");
+        QTRY_COMPARE(calc->TapeLines(), 1);
+        Press(window, "Add");
+        QTRY_COMPARE(TextOf(readout), QString());
+        QCOMPARE(TextOf(Named(window, QStringLiteral("Operation"))), QStringLiteral("+"));
+        Press(window, "6");
+        QTRY_COMPARE(TextOf(readout), QStringLiteral("6"));
+        Press(window, "Inches");
+        QTRY_COMPARE(TextOf(readout), QStringLiteral("6\""));
+        Press(window, "Equals");
+        QTRY_COMPARE(TextOf(readout), QStringLiteral(" 12'- 6\""));
+        QCOMPARE(calc->TapeLines(), 4);
+        QCOMPARE(calc->TapeLine(4), QStringLiteral(" 12'- 6\" "));
     }
 
   private:
@@ -160,7 +247,7 @@ class AccessibleTest : public QObject {
         guitest::Settle();
     }
     static void Press(QWidget* window, const char* name) {
-        QAccessibleInterface* key = Named(window, QString::fromLatin1(name));
+        QAccessibleInterface* key = Named(window, QString::fromUtf8(name), QAccessible::Button);
         QVERIFY2(key, name);
         QVERIFY2(key->actionInterface(), name);
         key->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
