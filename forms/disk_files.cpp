@@ -9,6 +9,7 @@
 #include <cstdlib>
 #include <cstring>
 #include <filesystem>
+#include <memory>
 #include <vector>
 
 namespace forms {
@@ -73,28 +74,14 @@ bool DiskFiles::Exists(const std::string& path) const {
     return !path.empty() && fs::is_regular_file(path, error);
 }
 
-FileStore::ReadResult DiskFiles::Read(const std::string& path) const {
-    ReadResult result;
-    const int fd = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
+FileStore::OpenResult DiskFiles::OpenLines(const std::string& path) const {
+    OpenResult result;
+    const int fd = ::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NOCTTY);
     if (fd < 0) {
         result.error = ErrorText(errno);
         return result;
     }
-    std::string content;
-    char buffer[65536];
-    for (;;) {
-        const ssize_t got = ::read(fd, buffer, sizeof buffer);
-        if (got < 0) {
-            if (errno == EINTR) continue;
-            result.error = ErrorText(errno);
-            ::close(fd);
-            return result;
-        }
-        if (got == 0) break;
-        content.append(buffer, static_cast<std::size_t>(got));
-    }
-    ::close(fd);
-    result.content = std::move(content);
+    result.lines = std::make_unique<FileLineReader>(fd);
     return result;
 }
 

@@ -1,5 +1,6 @@
 // The user's files on the local disk, for the memory file.
 //
+// A file is read a line at a time from the disk (LineReader), never whole.
 // Replace() never destroys an earlier file: it writes a new file beside it
 // under a hidden name, flushes it to the disk and only then renames it into
 // place, so that a full disk or a crash during the write leaves the old file
@@ -24,7 +25,7 @@ class DiskFiles : public FileStore {
     explicit DiskFiles(std::string programFolder = "");
 
     bool Exists(const std::string& path) const override;
-    ReadResult Read(const std::string& path) const override;
+    OpenResult OpenLines(const std::string& path) const override;
     std::string Replace(const std::string& path, const std::string& content) override;
     std::string ProgramFolder() override;
 

@@ -3,11 +3,13 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
 
 #include "forms/font.h"
+#include "forms/line_reader.h"
 
 namespace forms {
 
@@ -92,16 +94,19 @@ class ColorDialogs {
     virtual std::optional<std::uint32_t> Show(std::uint32_t initial) = 0;
 };
 
-// The user's files, as the program reads and writes them whole.
+// The user's files, as the program reads them, a line at a time, and
+// writes them, whole.
 class FileStore {
   public:
-    struct ReadResult {
-        std::optional<std::string> content;  // nothing when it could not be read
-        std::string error;                   // the platform's text of why not
+    struct OpenResult {
+        std::unique_ptr<LineReader> lines;  // nothing when it could not be opened
+        std::string error;                  // the platform's text of why not
     };
     virtual ~FileStore() = default;
     virtual bool Exists(const std::string& path) const = 0;
-    virtual ReadResult Read(const std::string& path) const = 0;
+    // Opens the file for reading its lines (see LineReader for what a line
+    // is and how long one may be).
+    virtual OpenResult OpenLines(const std::string& path) const = 0;
     // Puts `content` in place of the file at `path`, whole or not at all: an
     // earlier file stays as it was when the write fails. Returns "" or the
     // platform's text of the failure.
