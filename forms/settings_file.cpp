@@ -286,19 +286,6 @@ std::optional<std::string> ReadSmallFile(const fs::path& file) {
     return buffer;
 }
 
-bool WriteAll(int fd, std::string_view data) {
-    while (!data.empty()) {
-        const ssize_t put = ::write(fd, data.data(), data.size());
-        if (put < 0) {
-            if (errno == EINTR) continue;
-            return false;
-        }
-        if (put == 0) return false;
-        data.remove_prefix(static_cast<std::size_t>(put));
-    }
-    return true;
-}
-
 // Makes the folder and any missing parents. New folders are private to the
 // user, as the XDG rules ask for folders made for per-user configuration.
 bool MakeFolder(const fs::path& folder) {
@@ -310,15 +297,6 @@ bool MakeFolder(const fs::path& folder) {
         if (::mkdir(partial.c_str(), 0700) != 0 && errno != EEXIST) return false;
     }
     return fs::is_directory(folder, error);
-}
-
-// Makes the rename itself durable. A folder that refuses this still holds
-// the new file in the usual case, so a failure here does not fail the save.
-void SyncFolder(const fs::path& folder) {
-    const int fd = ::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-    if (fd < 0) return;
-    ::fsync(fd);
-    ::close(fd);
 }
 
 // Entries grouped by section, sections in the order of first use and each
@@ -363,7 +341,8 @@ std::string Serialize(const std::vector<SettingsStore::Entry>& grouped) {
 
 }  // namespace
 
-FileSettingsStore::FileSettingsStore(std::filesystem::path file) : file_(std::move(file)) {
+FileSettingsStore::FileSettingsStore(std::filesystem::path file, FileSystemCalls& calls)
+    : file_(std::move(file)), calls_(&calls) {
     Load();
 }
 
@@ -412,55 +391,17 @@ std::vector<SettingsStore::Entry> FileSettingsStore::Entries() const {
 }
 
 bool FileSettingsStore::Save() const {
-    std::vector<char> temporary;  // the name of the temporary file, once made
-    bool made = false;
     try {
         if (file_.empty() || !file_.has_filename()) return false;
-
-        fs::path target = file_;
-        std::error_code error;
-        // A settings file linked from elsewhere (a dotfiles folder) stays
-        // linked: the new file replaces the one the link names.
-        if (fs::is_symlink(target, error)) {
-            fs::path real = fs::canonical(target, error);
-            if (!error) target = std::move(real);
-        }
-        fs::path folder = target.parent_path();
+        fs::path folder = file_.parent_path();
         if (folder.empty()) folder = ".";
         if (!MakeFolder(folder)) return false;
-
         const std::string text = Serialize(GroupBySection(entries_.Entries()));
-
-        // Keep whatever permissions the user gave the old file; a new one is
-        // private, like the rest of the user's configuration.
-        mode_t mode = 0600;
-        struct stat old {};
-        if (::stat(target.c_str(), &old) == 0 && S_ISREG(old.st_mode)) mode = old.st_mode & 0777;
-
-        // A hidden name in the same folder, so that the rename stays on one
-        // file system; mkostemp makes it unique, so two instances never
-        // write into the same temporary file.
-        const std::string pattern =
-            (folder / ("." + target.filename().string() + ".XXXXXX")).string();
-        temporary.assign(pattern.begin(), pattern.end());
-        temporary.push_back('\0');
-        const int fd = ::mkostemp(temporary.data(), O_CLOEXEC);
-        if (fd < 0) return false;
-        made = true;
-
-        // From here on nothing allocates or throws.
-        bool ok = WriteAll(fd, text) && ::fchmod(fd, mode) == 0 && ::fsync(fd) == 0;
-        if (::close(fd) != 0) ok = false;
-        if (ok && ::rename(temporary.data(), target.c_str()) != 0) ok = false;
-        if (!ok) {
-            ::unlink(temporary.data());
-            return false;
-        }
-        SyncFolder(folder);
-        return true;
+        // A new file is private, like the rest of the user's configuration;
+        // an old one keeps whatever permissions the user gave it.
+        return ReplaceFile(file_, text, 0600, *calls_) == 0;
     } catch (...) {
-        // Only the steps before the temporary file can throw (memory).
-        if (made) ::unlink(temporary.data());
+        // Out of memory before anything was written.
         return false;
     }
 }

@@ -31,15 +31,17 @@
 //    stands twice in a section the later line wins.
 //
 // Write() saves at once, so every change is on disk when it returns. Save()
-// writes a new file beside the old one, flushes it to the disk and then puts
-// it in its place, so that a crash or a full disk during the write never
-// loses what was there. A folder that cannot be written costs the save and
-// nothing else: nothing is thrown and no temporary file is left behind.
+// writes the whole file through ReplaceFile: the new file is whole on the
+// disk before it takes the old one's place, so that a crash, a kill or a
+// full disk during the write never loses what was there, and no temporary
+// file outlives it. A folder that cannot be written costs the save and
+// nothing else: nothing is thrown.
 #pragma once
 
 #include <cstddef>
 #include <filesystem>
 
+#include "forms/file_replace.h"
 #include "forms/headless_services.h"
 
 namespace forms {
@@ -49,7 +51,9 @@ class FileSettingsStore : public SettingsStore {
     // Files beyond this size are not ours and are read as empty.
     static constexpr std::size_t kMaxFileSize = 1024 * 1024;
 
-    explicit FileSettingsStore(std::filesystem::path file);
+    // Saves go through `calls`, which tests wrap.
+    explicit FileSettingsStore(std::filesystem::path file,
+                               FileSystemCalls& calls = SystemFileCalls());
     // The per-user file of the application "Lathmark".
     static std::filesystem::path DefaultPath();
 
@@ -69,6 +73,7 @@ class FileSettingsStore : public SettingsStore {
     void Load();
 
     std::filesystem::path file_;
+    FileSystemCalls* calls_;
     MemorySettingsStore entries_;
 };
 
