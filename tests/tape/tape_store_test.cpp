@@ -461,7 +461,9 @@ TEST_F(TapeStoreTest, EveryCellOfALargeGridReadsAsWritten) {
     for (int col = 0; col < grid.Cols(); ++col) {
         for (int row = 0; row < grid.Rows(); ++row) {
             const bool written = (row == 29999 && col == 40) || (row == 5 && col == 7);
-            if (!written) ASSERT_EQ(grid.Cell(row, col), "") << row << ", " << col;
+            if (!written) {
+                ASSERT_EQ(grid.Cell(row, col), "") << row << ", " << col;
+            }
         }
     }
     EXPECT_EQ(grid.Cell(5, 7), "five ");
