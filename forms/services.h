@@ -43,9 +43,14 @@ class SettingsStore {
     virtual ~SettingsStore() = default;
     virtual std::optional<std::string> Read(const std::string& section,
                                             const std::string& key) const = 0;
+    // Holds the value at once for Read; a store kept on the disk may wait
+    // for Flush to put it there.
     virtual void Write(const std::string& section, const std::string& key,
                        const std::string& value) = 0;
     virtual std::vector<Entry> Entries() const = 0;
+    // Puts every write so far where it lasts, all at once. The program
+    // calls it when it has written all its settings.
+    virtual void Flush() {}
 };
 
 // Runs a form shown modally: returns once the form is hidden or unloaded,

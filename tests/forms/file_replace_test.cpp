@@ -21,6 +21,8 @@
 #include <string>
 #include <vector>
 
+#include "forms/settings_file.h"
+
 namespace forms {
 namespace {
 
@@ -218,6 +220,29 @@ TEST_F(FileReplace, AKilledSaveThroughATemporaryLeavesOneTheNextSaveRemoves) {
     EXPECT_EQ(calls.removed, std::vector<std::string>{*left.begin()});
     EXPECT_EQ(Names(), std::set<std::string>{"job.mem"});
     EXPECT_EQ(ReadBytes(target), "new");
+}
+
+// Killed while it saves, the settings file is the old one whole: never old
+// sections and new ones mixed.
+TEST_F(FileReplace, AKilledSettingsSaveLeavesTheOldFileWhole) {
+    const fs::path file = folder / "Lathmark.conf";
+    const std::string old = "[Colors]\nCalcBackground=1\n\n[Settings]\nZoom=True\nCalcTop=5\n";
+    WriteBytes(file, old);
+    for (const bool refuse : {false, true}) {
+        KillHalfWay([&](FileSystemCalls& calls) {
+            static_cast<CountingCalls&>(calls).refuseUnnamed = refuse;
+            FileSettingsStore store(file, calls);
+            store.Write("Colors", "CalcBackground", "2");
+            store.Write("Settings", "Zoom", "False");
+            store.Write("Settings", "Big", std::string(64 * 1024, 'x'));
+            store.Flush();
+        });
+        EXPECT_EQ(ReadBytes(file), old);
+    }
+    FileSettingsStore store(file);
+    store.Write("Settings", "Zoom", "False");
+    store.Flush();
+    EXPECT_EQ(Names(), std::set<std::string>{"Lathmark.conf"});
 }
 
 TEST_F(FileReplace, OnlyPlainFilesOfOurNamingGoAsLeftovers) {
