@@ -237,6 +237,11 @@ int ReplaceFile(const fs::path& file, std::string_view content, mode_t newFileMo
     const std::string name = target.filename().string();
 
     Descriptor folderFd(::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    // A folder the user may write in but not list still takes the file:
+    // then no leftover is looked for and the folder is not flushed.
+    if (folderFd.Get() < 0 && errno == EACCES) {
+        folderFd.Reset(::open(folder.c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC));
+    }
     if (folderFd.Get() < 0) return errno;
 
     mode_t mode = newFileMode;

@@ -5,6 +5,7 @@
 // temporaries that killed saves left.
 #include "forms/file_replace.h"
 
+#include <dirent.h>
 #include <fcntl.h>
 #include <gtest/gtest.h>
 #include <signal.h>
@@ -278,6 +279,35 @@ TEST_F(FileReplace, AFolderInPlaceOfTheFileIsRefused) {
     fs::create_directory(target);
     EXPECT_EQ(ReplaceFile(target, "new", 0600), EISDIR);
     EXPECT_TRUE(fs::is_directory(target));
+}
+
+// A folder the user may write in but not list (-wx): the file is still
+// replaced; no leftover can be looked for there. Root lists any folder, so
+// as root the save runs in a child that has become nobody.
+TEST_F(FileReplace, AFolderThatCannotBeListedStillTakesTheFile) {
+    WriteBytes(target, "old");
+    ASSERT_EQ(::chmod(target.c_str(), 0666), 0);
+    ASSERT_EQ(::chmod(folder.c_str(), ::geteuid() == 0 ? 0333 : 0300), 0);
+    std::fflush(nullptr);
+    const pid_t child = ::fork();
+    ASSERT_GE(child, 0);
+    if (child == 0) {
+        if (::geteuid() == 0 &&
+            (::setresgid(65534, 65534, 65534) != 0 || ::setresuid(65534, 65534, 65534) != 0)) {
+            ::_exit(3);
+        }
+        if (::opendir(folder.c_str()) != nullptr) ::_exit(4);
+        ::_exit(ReplaceFile(target, "new", 0600) == 0 ? 0 : 5);
+    }
+    int status = 0;
+    ASSERT_EQ(::waitpid(child, &status, 0), child);
+    ::chmod(folder.c_str(), 0700);
+    ASSERT_TRUE(WIFEXITED(status));
+    ASSERT_NE(WEXITSTATUS(status), 3) << "the child could not become nobody";
+    ASSERT_NE(WEXITSTATUS(status), 4) << "the folder could still be listed";
+    EXPECT_EQ(WEXITSTATUS(status), 0) << "the save failed";
+    EXPECT_EQ(ReadBytes(target), "new");
+    EXPECT_EQ(Names(), std::set<std::string>{"job.mem"});
 }
 
 TEST(TemporaryName, IsADotTheNameADotAndSixLettersOrDigits) {
