@@ -75,8 +75,8 @@ int main(int argc, char** argv) {
     // The main loop's first pass, before any event.
     binding.AfterEvent();
 
-    // The Unload of the calculator writes the settings; the store saves each
-    // write to the file as it comes.
+    // The Unload of the calculator writes the settings and has the store
+    // save them, all in one new file.
     if (app.Ended()) return 0;
     return QApplication::exec();
 }

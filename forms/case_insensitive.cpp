@@ -16,4 +16,10 @@ bool EqualsIgnoringCase(std::string_view a, std::string_view b) {
     return true;
 }
 
+std::string FoldCase(std::string_view name) {
+    std::string folded(name);
+    for (char& c : folded) c = Lower(c);
+    return folded;
+}
+
 }  // namespace forms

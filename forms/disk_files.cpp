@@ -9,7 +9,7 @@
 #include <cstdlib>
 #include <cstring>
 #include <filesystem>
-#include <vector>
+#include <memory>
 
 namespace forms {
 
@@ -34,16 +34,10 @@ int MakeFolder(const fs::path& folder) {
     return fs::is_directory(folder, error) ? 0 : ENOTDIR;
 }
 
-void SyncFolder(const fs::path& folder) {
-    const int fd = ::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-    if (fd < 0) return;
-    ::fsync(fd);
-    ::close(fd);
-}
-
 }  // namespace
 
-DiskFiles::DiskFiles(std::string programFolder) : programFolder_(std::move(programFolder)) {}
+DiskFiles::DiskFiles(std::string programFolder, FileSystemCalls& calls)
+    : programFolder_(std::move(programFolder)), calls_(&calls) {}
 
 std::string DiskFiles::DefaultProgramFolder() {
     const fs::path tail("lathmark");
@@ -73,89 +67,24 @@ bool DiskFiles::Exists(const std::string& path) const {
     return !path.empty() && fs::is_regular_file(path, error);
 }
 
-FileStore::ReadResult DiskFiles::Read(const std::string& path) const {
-    ReadResult result;
-    const int fd = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
+FileStore::OpenResult DiskFiles::OpenLines(const std::string& path) const {
+    OpenResult result;
+    const int fd = ::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NOCTTY);
     if (fd < 0) {
         result.error = ErrorText(errno);
         return result;
     }
-    std::string content;
-    char buffer[65536];
-    for (;;) {
-        const ssize_t got = ::read(fd, buffer, sizeof buffer);
-        if (got < 0) {
-            if (errno == EINTR) continue;
-            result.error = ErrorText(errno);
-            ::close(fd);
-            return result;
-        }
-        if (got == 0) break;
-        content.append(buffer, static_cast<std::size_t>(got));
-    }
-    ::close(fd);
-    result.content = std::move(content);
+    result.lines = std::make_unique<FileLineReader>(fd);
     return result;
-}
-
-ssize_t DiskFiles::WriteSome(int fd, const char* data, std::size_t size) {
-    return ::write(fd, data, size);
 }
 
 std::string DiskFiles::Replace(const std::string& path, const std::string& content) {
     if (path.empty()) return ErrorText(ENOENT);
-    fs::path target(path);
-    std::error_code error;
-    // A file linked from elsewhere stays linked: the new file replaces the
-    // one the link names.
-    if (fs::is_symlink(target, error)) {
-        fs::path real = fs::canonical(target, error);
-        if (!error) target = std::move(real);
-    }
-    if (fs::is_directory(target, error)) return ErrorText(EISDIR);
-    fs::path folder = target.parent_path();
-    if (folder.empty()) folder = ".";
-
-    // The old file's permissions stay; a new file gets the usual ones.
-    mode_t mode = 0666 & ~[] {
-        const mode_t mask = ::umask(0);
-        ::umask(mask);
-        return mask;
-    }();
-    struct stat old {};
-    if (::stat(target.c_str(), &old) == 0 && S_ISREG(old.st_mode)) mode = old.st_mode & 07777;
-
-    // A hidden name in the same folder, so that the rename stays on one file
-    // system.
-    const std::string pattern = (folder / ("." + target.filename().string() + ".XXXXXX")).string();
-    std::vector<char> temporary(pattern.begin(), pattern.end());
-    temporary.push_back('\0');
-    const int fd = ::mkostemp(temporary.data(), O_CLOEXEC);
-    if (fd < 0) return ErrorText(errno);
-
-    int failure = 0;
-    const char* data = content.data();
-    std::size_t left = content.size();
-    while (left > 0 && failure == 0) {
-        const ssize_t wrote = WriteSome(fd, data, left);
-        if (wrote < 0) {
-            if (errno != EINTR) failure = errno;
-            continue;
-        }
-        if (wrote == 0) failure = ENOSPC;
-        data += wrote;
-        left -= static_cast<std::size_t>(wrote);
-    }
-    if (failure == 0 && ::fchmod(fd, mode) != 0) failure = errno;
-    if (failure == 0 && ::fsync(fd) != 0) failure = errno;
-    if (::close(fd) != 0 && failure == 0) failure = errno;
-    if (failure == 0 && ::rename(temporary.data(), target.c_str()) != 0) failure = errno;
-    if (failure != 0) {
-        ::unlink(temporary.data());
-        return ErrorText(failure);
-    }
-    SyncFolder(folder);
-    return "";
+    // A new file gets the usual permissions.
+    const mode_t mask = ::umask(0);
+    ::umask(mask);
+    const int failure = ReplaceFile(path, content, 0666 & ~mask, *calls_);
+    return failure == 0 ? "" : ErrorText(failure);
 }
 
 }  // namespace forms

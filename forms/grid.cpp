@@ -12,7 +12,7 @@ const std::string kEmpty;
 }  // namespace
 
 Grid::Grid(Form& form, std::string name) : Control(form, std::move(name), ControlKind::Grid) {
-    cells_.assign(1, std::vector<std::string>(rows_));
+    cells_.resize(1);
     colWidths_.assign(1, 0.0);
     colAlignments_.assign(1, 0);
 }
@@ -20,7 +20,10 @@ Grid::Grid(Form& form, std::string name) : Control(form, std::move(name), Contro
 bool Grid::SetRows(int rows) {
     if (!FitsInt16(rows) || rows < 1) return false;
     rows_ = static_cast<std::int16_t>(rows);
-    for (auto& column : cells_) column.resize(rows_);
+    // Rows cut off are gone: grown again, they read as empty.
+    for (auto& column : cells_) {
+        if (column.size() > static_cast<std::size_t>(rows_)) column.resize(rows_);
+    }
     if (row_ >= rows_) row_ = static_cast<std::int16_t>(rows_ - 1);
     if (topRow_ >= rows_) topRow_ = static_cast<std::int16_t>(rows_ - 1);
     Changed();
@@ -30,7 +33,7 @@ bool Grid::SetRows(int rows) {
 bool Grid::SetCols(int cols) {
     if (!FitsInt16(cols) || cols < 1) return false;
     cols_ = static_cast<std::int16_t>(cols);
-    cells_.resize(cols_, std::vector<std::string>(rows_));
+    cells_.resize(cols_);
     colWidths_.resize(cols_, colWidths_.empty() ? 0.0 : colWidths_.front());
     colAlignments_.resize(cols_, 0);
     if (col_ >= cols_) col_ = static_cast<std::int16_t>(cols_ - 1);
@@ -53,11 +56,14 @@ bool Grid::SetCol(int col) {
 
 const std::string& Grid::Cell(int row, int col) const {
     if (row < 0 || row >= rows_ || col < 0 || col >= cols_) return kEmpty;
-    return cells_[col][row];
+    const auto& column = cells_[col];
+    return static_cast<std::size_t>(row) < column.size() ? column[row] : kEmpty;
 }
 
 std::string& Grid::At(int row, int col) {
-    return cells_[col][row];
+    auto& column = cells_[col];
+    if (static_cast<std::size_t>(row) >= column.size()) column.resize(row + 1);
+    return column[row];
 }
 
 const std::string& Grid::Text() const {

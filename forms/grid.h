@@ -2,6 +2,11 @@
 // current cell (Row, Col) that Text reads and writes, and the first visible
 // row and column. A setter that names a row or column outside the grid fails
 // and returns false; the caller's statement is then dropped.
+//
+// One row count serves every column, but a column holds only the rows up
+// to the last one written in it: a cell below that, or in a column never
+// written, reads as "". So the grid costs what its tapes hold, not the
+// longest tape times the number of tapes.
 #pragma once
 
 #include <cstdint>
@@ -49,7 +54,8 @@ class Grid : public Control {
   private:
     std::string& At(int row, int col);
     std::int16_t rows_ = 10, cols_ = 1, row_ = 0, col_ = 0, topRow_ = 0, leftCol_ = 0;
-    std::vector<std::vector<std::string>> cells_;  // [col][row]
+    // [col][row], each column as long as its last written row.
+    std::vector<std::vector<std::string>> cells_;
     std::vector<double> colWidths_;
     std::vector<int> colAlignments_;
 };

@@ -1,7 +1,5 @@
 #include "forms/headless_services.h"
 
-#include "forms/case_insensitive.h"
-
 namespace forms {
 
 MessageAnswer RecordingMessageBoxes::Show(const std::string& text, const std::string& title,
@@ -15,23 +13,13 @@ MessageAnswer RecordingMessageBoxes::Show(const std::string& text, const std::st
 
 std::optional<std::string> MemorySettingsStore::Read(const std::string& section,
                                                      const std::string& key) const {
-    for (const auto& e : entries_) {
-        if (EqualsIgnoringCase(e.section, section) && EqualsIgnoringCase(e.key, key)) {
-            return e.value;
-        }
-    }
+    if (const std::string* value = table_.Find(section, key)) return *value;
     return std::nullopt;
 }
 
 void MemorySettingsStore::Write(const std::string& section, const std::string& key,
                                 const std::string& value) {
-    for (auto& e : entries_) {
-        if (EqualsIgnoringCase(e.section, section) && EqualsIgnoringCase(e.key, key)) {
-            e.value = value;
-            return;
-        }
-    }
-    entries_.push_back({section, key, value});
+    table_.Set(section, key, value);
 }
 
 void RecordingPrinter::SetFontName(const std::string& name) {

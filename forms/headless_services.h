@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "forms/services.h"
+#include "forms/settings_table.h"
 
 namespace forms {
 
@@ -31,17 +32,18 @@ class RecordingMessageBoxes : public MessageBoxes {
     MessageAnswer nextAnswer = MessageAnswer::Ok;
 };
 
-// A settings store held in memory, keys compared without regard to case.
+// A settings store held in memory, keys compared without regard to case;
+// Entries() in the order of first writing.
 class MemorySettingsStore : public SettingsStore {
   public:
     std::optional<std::string> Read(const std::string& section,
                                     const std::string& key) const override;
     void Write(const std::string& section, const std::string& key,
                const std::string& value) override;
-    std::vector<Entry> Entries() const override { return entries_; }
+    std::vector<Entry> Entries() const override { return table_.Entries(); }
 
   private:
-    std::vector<Entry> entries_;
+    SettingsTable table_;
 };
 
 const char* IconName(MessageIcon icon);

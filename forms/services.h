@@ -3,11 +3,13 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
 
 #include "forms/font.h"
+#include "forms/line_reader.h"
 
 namespace forms {
 
@@ -41,9 +43,14 @@ class SettingsStore {
     virtual ~SettingsStore() = default;
     virtual std::optional<std::string> Read(const std::string& section,
                                             const std::string& key) const = 0;
+    // Holds the value at once for Read; a store kept on the disk may wait
+    // for Flush to put it there.
     virtual void Write(const std::string& section, const std::string& key,
                        const std::string& value) = 0;
     virtual std::vector<Entry> Entries() const = 0;
+    // Puts every write so far where it lasts, all at once. The program
+    // calls it when it has written all its settings.
+    virtual void Flush() {}
 };
 
 // Runs a form shown modally: returns once the form is hidden or unloaded,
@@ -92,16 +99,19 @@ class ColorDialogs {
     virtual std::optional<std::uint32_t> Show(std::uint32_t initial) = 0;
 };
 
-// The user's files, as the program reads and writes them whole.
+// The user's files, as the program reads them, a line at a time, and
+// writes them, whole.
 class FileStore {
   public:
-    struct ReadResult {
-        std::optional<std::string> content;  // nothing when it could not be read
-        std::string error;                   // the platform's text of why not
+    struct OpenResult {
+        std::unique_ptr<LineReader> lines;  // nothing when it could not be opened
+        std::string error;                  // the platform's text of why not
     };
     virtual ~FileStore() = default;
     virtual bool Exists(const std::string& path) const = 0;
-    virtual ReadResult Read(const std::string& path) const = 0;
+    // Opens the file for reading its lines (see LineReader for what a line
+    // is and how long one may be).
+    virtual OpenResult OpenLines(const std::string& path) const = 0;
     // Puts `content` in place of the file at `path`, whole or not at all: an
     // earlier file stays as it was when the write fails. Returns "" or the
     // platform's text of the failure.

@@ -205,7 +205,7 @@ std::size_t FindSeparator(std::string_view line) {
     return std::string_view::npos;
 }
 
-void Parse(std::string_view text, MemorySettingsStore& into) {
+void Parse(std::string_view text, SettingsTable& into) {
     if (text.substr(0, kByteOrderMark.size()) == kByteOrderMark) {
         text.remove_prefix(kByteOrderMark.size());
     }
@@ -237,7 +237,7 @@ void Parse(std::string_view text, MemorySettingsStore& into) {
         const auto key = Unescape(content.substr(0, separator), true);
         const auto value = Unescape(content.substr(separator + 1), false);
         if (!key || !value) continue;
-        into.Write(*section, *key, *value);  // a key met again: the later line wins
+        into.Set(*section, *key, *value);  // a key met again: the later line wins
     }
 }
 
@@ -286,19 +286,6 @@ std::optional<std::string> ReadSmallFile(const fs::path& file) {
     return buffer;
 }
 
-bool WriteAll(int fd, std::string_view data) {
-    while (!data.empty()) {
-        const ssize_t put = ::write(fd, data.data(), data.size());
-        if (put < 0) {
-            if (errno == EINTR) continue;
-            return false;
-        }
-        if (put == 0) return false;
-        data.remove_prefix(static_cast<std::size_t>(put));
-    }
-    return true;
-}
-
 // Makes the folder and any missing parents. New folders are private to the
 // user, as the XDG rules ask for folders made for per-user configuration.
 bool MakeFolder(const fs::path& folder) {
@@ -312,67 +299,27 @@ bool MakeFolder(const fs::path& folder) {
     return fs::is_directory(folder, error);
 }
 
-// Makes the rename itself durable. A folder that refuses this still holds
-// the new file in the usual case, so a failure here does not fail the save.
-void SyncFolder(const fs::path& folder) {
-    const int fd = ::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-    if (fd < 0) return;
-    ::fsync(fd);
-    ::close(fd);
+std::string HeaderLine(const std::string& section) {
+    return "[" + Escape(section, Part::Section) + "]\n";
 }
 
-// Entries grouped by section, sections in the order of first use and each
-// section's keys in the order of first write: the order of the file. A
-// section written in several spellings is one section under its first
-// spelling, as one header in the file.
-std::vector<SettingsStore::Entry> GroupBySection(const std::vector<SettingsStore::Entry>& all) {
-    std::vector<SettingsStore::Entry> grouped;
-    grouped.reserve(all.size());
-    std::vector<bool> taken(all.size(), false);
-    for (std::size_t i = 0; i < all.size(); ++i) {
-        if (taken[i]) continue;
-        for (std::size_t j = i; j < all.size(); ++j) {
-            if (!taken[j] && EqualsIgnoringCase(all[j].section, all[i].section)) {
-                grouped.push_back(all[j]);
-                grouped.back().section = all[i].section;
-                taken[j] = true;
-            }
-        }
-    }
-    return grouped;
-}
-
-std::string Serialize(const std::vector<SettingsStore::Entry>& grouped) {
-    std::string text;
-    const std::string* section = nullptr;
-    for (const auto& entry : grouped) {
-        if (section == nullptr || !EqualsIgnoringCase(*section, entry.section)) {
-            if (section != nullptr) text += '\n';
-            text += '[';
-            text += Escape(entry.section, Part::Section);
-            text += "]\n";
-            section = &entry.section;
-        }
-        text += Escape(entry.key, Part::Key);
-        text += '=';
-        text += Escape(entry.value, Part::Value);
-        text += '\n';
-    }
-    return text;
+std::string EntryLine(const SettingsStore::Entry& entry) {
+    return Escape(entry.key, Part::Key) + "=" + Escape(entry.value, Part::Value) + "\n";
 }
 
 }  // namespace
 
-FileSettingsStore::FileSettingsStore(std::filesystem::path file) : file_(std::move(file)) {
+FileSettingsStore::FileSettingsStore(std::filesystem::path file, FileSystemCalls& calls)
+    : file_(std::move(file)), calls_(&calls) {
     Load();
 }
 
 void FileSettingsStore::Load() {
     try {
-        if (auto text = ReadSmallFile(file_)) Parse(*text, entries_);
+        if (auto text = ReadSmallFile(file_)) Parse(*text, table_);
     } catch (...) {
         // Out of memory while reading: start from the defaults instead.
-        entries_ = MemorySettingsStore();
+        table_ = SettingsTable();
     }
 }
 
@@ -396,71 +343,111 @@ std::filesystem::path FileSettingsStore::DefaultPath() {
 
 std::optional<std::string> FileSettingsStore::Read(const std::string& section,
                                                    const std::string& key) const {
-    return entries_.Read(section, key);
+    if (const std::string* value = table_.Find(section, key)) return *value;
+    return std::nullopt;
 }
 
 void FileSettingsStore::Write(const std::string& section, const std::string& key,
                               const std::string& value) {
-    entries_.Write(section, key, value);
-    // A failed save is not the caller's concern: the value holds for this run
-    // and the next start finds the old file.
-    Save();
+    const std::size_t place = table_.Set(section, key, value);
+    if (written_.size() <= place) written_.resize(place + 1, false);
+    written_[place] = true;
+    unsaved_ = true;
+}
+
+void FileSettingsStore::Flush() {
+    if (unsaved_ && Save()) unsaved_ = false;
 }
 
 std::vector<SettingsStore::Entry> FileSettingsStore::Entries() const {
-    return GroupBySection(entries_.Entries());
+    const auto& all = table_.Entries();
+    std::vector<Entry> grouped;
+    grouped.reserve(all.size());
+    // A section written in several spellings is one section under its
+    // first spelling, as one header in the file.
+    const std::string* spelling = nullptr;
+    for (std::size_t place : table_.GroupedBySection()) {
+        if (spelling == nullptr || !EqualsIgnoringCase(*spelling, all[place].section)) {
+            spelling = &all[place].section;
+        }
+        grouped.push_back({*spelling, all[place].key, all[place].value});
+    }
+    return grouped;
+}
+
+std::optional<std::string> FileSettingsStore::FileText() const {
+    struct Line {
+        std::size_t place;
+        std::string text;
+        bool kept = true;
+    };
+    struct Section {
+        std::string header;
+        std::vector<Line> lines;
+        std::size_t kept = 0;
+    };
+    const auto& all = table_.Entries();
+    std::vector<Section> sections;
+    std::size_t size = 0;
+    for (std::size_t place : table_.GroupedBySection()) {
+        if (sections.empty() ||
+            !EqualsIgnoringCase(all[sections.back().lines.front().place].section,
+                                all[place].section)) {
+            // Sections are parted by an empty line.
+            size += sections.empty() ? 0 : 1;
+            sections.push_back({HeaderLine(all[place].section), {}, 0});
+            size += sections.back().header.size();
+        }
+        Section& section = sections.back();
+        section.lines.push_back({place, EntryLine(all[place])});
+        size += section.lines.back().text.size();
+        ++section.kept;
+    }
+
+    // Too large for the reader: the entries only read from the file go,
+    // the last first, until the rest fits.
+    std::size_t sectionsKept = sections.size();
+    for (auto section = sections.rbegin(); section != sections.rend(); ++section) {
+        for (auto line = section->lines.rbegin();
+             line != section->lines.rend() && size > kMaxFileSize; ++line) {
+            if (line->place < written_.size() && written_[line->place]) continue;
+            line->kept = false;
+            size -= line->text.size();
+            if (--section->kept == 0) {
+                size -= section->header.size() + (sectionsKept > 1 ? 1 : 0);
+                --sectionsKept;
+            }
+        }
+        if (size <= kMaxFileSize) break;
+    }
+    if (size > kMaxFileSize) return std::nullopt;
+
+    std::string text;
+    text.reserve(size);
+    for (const Section& section : sections) {
+        if (section.kept == 0) continue;
+        if (!text.empty()) text += '\n';
+        text += section.header;
+        for (const Line& line : section.lines) {
+            if (line.kept) text += line.text;
+        }
+    }
+    return text;
 }
 
 bool FileSettingsStore::Save() const {
-    std::vector<char> temporary;  // the name of the temporary file, once made
-    bool made = false;
     try {
         if (file_.empty() || !file_.has_filename()) return false;
-
-        fs::path target = file_;
-        std::error_code error;
-        // A settings file linked from elsewhere (a dotfiles folder) stays
-        // linked: the new file replaces the one the link names.
-        if (fs::is_symlink(target, error)) {
-            fs::path real = fs::canonical(target, error);
-            if (!error) target = std::move(real);
-        }
-        fs::path folder = target.parent_path();
+        fs::path folder = file_.parent_path();
         if (folder.empty()) folder = ".";
         if (!MakeFolder(folder)) return false;
-
-        const std::string text = Serialize(GroupBySection(entries_.Entries()));
-
-        // Keep whatever permissions the user gave the old file; a new one is
-        // private, like the rest of the user's configuration.
-        mode_t mode = 0600;
-        struct stat old {};
-        if (::stat(target.c_str(), &old) == 0 && S_ISREG(old.st_mode)) mode = old.st_mode & 0777;
-
-        // A hidden name in the same folder, so that the rename stays on one
-        // file system; mkostemp makes it unique, so two instances never
-        // write into the same temporary file.
-        const std::string pattern =
-            (folder / ("." + target.filename().string() + ".XXXXXX")).string();
-        temporary.assign(pattern.begin(), pattern.end());
-        temporary.push_back('\0');
-        const int fd = ::mkostemp(temporary.data(), O_CLOEXEC);
-        if (fd < 0) return false;
-        made = true;
-
-        // From here on nothing allocates or throws.
-        bool ok = WriteAll(fd, text) && ::fchmod(fd, mode) == 0 && ::fsync(fd) == 0;
-        if (::close(fd) != 0) ok = false;
-        if (ok && ::rename(temporary.data(), target.c_str()) != 0) ok = false;
-        if (!ok) {
-            ::unlink(temporary.data());
-            return false;
-        }
-        SyncFolder(folder);
-        return true;
+        const std::optional<std::string> text = FileText();
+        if (!text) return false;
+        // A new file is private, like the rest of the user's configuration;
+        // an old one keeps whatever permissions the user gave it.
+        return ReplaceFile(file_, *text, 0600, *calls_) == 0;
     } catch (...) {
-        // Only the steps before the temporary file can throw (memory).
-        if (made) ::unlink(temporary.data());
+        // Out of memory before anything was written.
         return false;
     }
 }

@@ -18,8 +18,9 @@
 // Sections and keys are found without regard to case; the first spelling
 // stored is kept.
 //
-// It is read once when made. Settings are a convenience, never a reason to
-// fail, so a file that cannot be trusted costs at most its entries:
+// It is read once when made, in one pass over the file. Settings are a
+// convenience, never a reason to fail, so a file that cannot be trusted
+// costs at most its entries:
 //  - a missing or unreadable file, a folder or other non-file in its place,
 //    or a file larger than kMaxFileSize reads as empty;
 //  - a file with bytes that are not text (NUL and other control bytes but
@@ -30,46 +31,75 @@
 //    lines and lines starting with ";" or "#" are comments. Where one key
 //    stands twice in a section the later line wins.
 //
-// Write() saves at once, so every change is on disk when it returns. Save()
-// writes a new file beside the old one, flushes it to the disk and then puts
-// it in its place, so that a crash or a full disk during the write never
-// loses what was there. A folder that cannot be written costs the save and
-// nothing else: nothing is thrown and no temporary file is left behind.
+// Write() holds the value; Flush() saves what was written, once, however
+// many writes came before: the program writes all its settings at its end
+// and then flushes, so they reach the disk as one new file. Save() writes
+// the whole file through ReplaceFile: the new file is whole on the disk
+// before it takes the old one's place, so that a crash, a kill or a full
+// disk during the write never loses what was there nor leaves old and new
+// entries mixed, and no temporary file outlives it. A folder that cannot be
+// written costs the save and nothing else: nothing is thrown.
+//
+// Entries the program does not know (other sections, other keys, written
+// by hand or by another version) are kept and written back. The file saved
+// is never larger than kMaxFileSize, so the next start always reads it:
+// where all the entries would not fit, the entries that were only read
+// from the file are left out, from the end of the file backwards, and the
+// entries written in this run all stay.
 #pragma once
 
 #include <cstddef>
 #include <filesystem>
+#include <string>
+#include <vector>
 
-#include "forms/headless_services.h"
+#include "forms/file_replace.h"
+#include "forms/settings_table.h"
 
 namespace forms {
 
 class FileSettingsStore : public SettingsStore {
   public:
-    // Files beyond this size are not ours and are read as empty.
+    // Files beyond this size are not ours and are read as empty; the store
+    // never writes one.
     static constexpr std::size_t kMaxFileSize = 1024 * 1024;
 
-    explicit FileSettingsStore(std::filesystem::path file);
+    // Saves go through `calls`, which tests wrap.
+    explicit FileSettingsStore(std::filesystem::path file,
+                               FileSystemCalls& calls = SystemFileCalls());
     // The per-user file of the application "Lathmark".
     static std::filesystem::path DefaultPath();
 
     std::optional<std::string> Read(const std::string& section,
                                     const std::string& key) const override;
-    // Updates the entry and saves the file at once; a failed save is silent
-    // and the value is still held for the rest of the run.
+    // Updates the entry, held until Flush.
     void Write(const std::string& section, const std::string& key,
                const std::string& value) override;
     // In the order of the file: sections by first use, keys by first write.
     std::vector<Entry> Entries() const override;
+    // Saves the file if anything was written since it was read or last
+    // saved. A failed save is silent; the values are still held for the
+    // rest of the run, and the next start finds the old file.
+    void Flush() override;
 
     // Writes every entry back to the file; false if that failed.
     bool Save() const;
 
+    // The entries the store has looked at so far, reading, finding,
+    // writing and saving: its cost, for the tests that count it.
+    std::size_t Steps() const { return table_.Steps(); }
+
   private:
     void Load();
+    // The text of the file to save, within kMaxFileSize; nothing when the
+    // entries written in this run alone would pass it.
+    std::optional<std::string> FileText() const;
 
     std::filesystem::path file_;
-    MemorySettingsStore entries_;
+    FileSystemCalls* calls_;
+    SettingsTable table_;
+    std::vector<bool> written_;  // by place in the table: written in this run
+    bool unsaved_ = false;
 };
 
 }  // namespace forms

@@ -35,10 +35,10 @@ namespace {
 class MemoryFiles : public forms::FileStore {
   public:
     bool Exists(const std::string& path) const override { return files.contains(path); }
-    ReadResult Read(const std::string& path) const override {
+    OpenResult OpenLines(const std::string& path) const override {
         auto it = files.find(path);
-        if (it == files.end()) return {std::nullopt, "No such file or directory"};
-        return {it->second, ""};
+        if (it == files.end()) return {nullptr, "No such file or directory"};
+        return {std::make_unique<forms::TextLineReader>(it->second), ""};
     }
     std::string Replace(const std::string& path, const std::string& content) override {
         files[path] = content;

@@ -2,7 +2,6 @@
 
 #include <cstdint>
 #include <optional>
-#include <string_view>
 #include <vector>
 
 #include "core/evaluate.h"
@@ -30,37 +29,10 @@ void ShowError(core::Program& p, const std::string& text) {
     }
 }
 
-// The lines of a file, one at a time: each ends at CR LF, at a lone CR or at
-// a lone LF, and the last one may end with the file. Past the last line
-// there is nothing more to read, which fails the read.
-class LineReader {
-  public:
-    explicit LineReader(std::string_view text) : text_(text) {}
-
-    std::optional<std::string> Next() {
-        if (at_ >= text_.size()) return std::nullopt;
-        std::size_t end = at_;
-        while (end < text_.size() && text_[end] != '\r' && text_[end] != '\n') ++end;
-        std::string line(text_.substr(at_, end - at_));
-        at_ = end;
-        // The line's end: CR LF as one, or a lone CR or LF.
-        if (at_ < text_.size()) {
-            const bool cr = text_[at_] == '\r';
-            ++at_;
-            if (cr && at_ < text_.size() && text_[at_] == '\n') ++at_;
-        }
-        return line;
-    }
-
-  private:
-    std::string_view text_;
-    std::size_t at_ = 0;
-};
-
 // A line read as a number in 16 bits: the number at its start (no digits
 // read as 0), rounded half to even; nothing when the line is missing or the
 // number doesn't fit.
-std::optional<std::int16_t> NextNumber(LineReader& lines) {
+std::optional<std::int16_t> NextNumber(forms::LineReader& lines) {
     auto line = lines.Next();
     if (!line) return std::nullopt;
     return measure::ToInt16(measure::ReadNumber(*line));
@@ -112,12 +84,15 @@ namespace {
 // everything after it is left undone.
 bool ReadCells(core::Program& p, forms::FileStore& files) {
     if (p.OpenFileNumbers.contains(kReadFileNumber)) return false;
-    const forms::FileStore::ReadResult read = files.Read(p.MemoryFileName);
-    if (!read.content) return false;
+    // The file is read a line at a time, as the lines are needed: a line
+    // beyond the reader's bound, or a disk that fails, is a failure of the
+    // read like an end of the file too soon.
+    const forms::FileStore::OpenResult opened = files.OpenLines(p.MemoryFileName);
+    if (!opened.lines) return false;
     p.OpenFileNumbers.insert(kReadFileNumber);
     p.ArrangingMemory = 1;
 
-    LineReader lines(*read.content);
+    forms::LineReader& lines = *opened.lines;
     std::int16_t geometry[4] = {};
     for (auto& v : geometry) {
         auto n = NextNumber(lines);

@@ -26,11 +26,13 @@ std::string MemoryFileText(core::Program& p);
 // once with "File already open" until the program ends.
 void WriteMemoryFile(core::Program& p);
 
-// Reads the cells from MemoryFileName, after Erase All. A missing file
-// changes nothing. A file that fails half way ends the read where it is,
-// without a word: the cells read so far stay stacked at the window's corner,
-// ArrangingMemory stays 1 and file number 2 stays in use, so that every
-// later read erases the cells and then fails.
+// Reads the cells from MemoryFileName, after Erase All, a line at a time
+// from the disk. A missing file changes nothing. A file that fails half way
+// (too short for its count, a number beyond 16 bits, a line longer than
+// forms::LineReader::kMaxLineBytes, a failure of the disk) ends the read
+// where it is, without a word: the cells read so far stay stacked at the
+// window's corner, ArrangingMemory stays 1 and file number 2 stays in use,
+// so that every later read erases the cells and then fails.
 void ReadMemoryFile(core::Program& p);
 
 // What follows the last folder separator of `path` (a slash, or a

@@ -2,6 +2,11 @@
 // dialog, the dialogs the program showed, and files written and read in the
 // run's scratch folder (or wherever an absolute name points), so that a
 // scenario can hand the program a file and look at what it wrote.
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstring>
 #include <ostream>
 
 #include "scenario/runner.h"
@@ -54,6 +59,28 @@ FileLines SplitFileLines(const std::string& content) {
     return result;
 }
 
+// The whole of a file that the scenario looks at, line ends and all: ""
+// or the platform's text of why it could not be read. (The program itself
+// reads its files a line at a time.)
+std::string ReadWholeFile(const std::string& path, std::string& content) {
+    const int fd = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
+    if (fd < 0) return std::strerror(errno);
+    char buffer[65536];
+    for (;;) {
+        const ssize_t got = ::read(fd, buffer, sizeof buffer);
+        if (got < 0 && errno == EINTR) continue;
+        if (got < 0) {
+            const int error = errno;
+            ::close(fd);
+            return std::strerror(error);
+        }
+        if (got == 0) break;
+        content.append(buffer, static_cast<std::size_t>(got));
+    }
+    ::close(fd);
+    return "";
+}
+
 }  // namespace
 
 std::string Runner::ScratchPath(const std::string& name) const {
@@ -74,12 +101,12 @@ void Runner::PrintFile(const std::string& name) {
         out_ << "missing\n";
         return;
     }
-    const forms::FileStore::ReadResult read = files_.Read(path);
-    if (!read.content) {
-        out_ << "unreadable " << Quote(read.error) << "\n";
+    std::string content;
+    if (const std::string error = ReadWholeFile(path, content); !error.empty()) {
+        out_ << "unreadable " << Quote(error) << "\n";
         return;
     }
-    const FileLines file = SplitFileLines(*read.content);
+    const FileLines file = SplitFileLines(content);
     for (const std::string& line : file.lines) out_ << Quote(line) << "\n";
     out_ << file.ending << "\n";
 }

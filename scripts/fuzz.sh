@@ -3,7 +3,7 @@
 #   scripts/fuzz.sh TARGET RUNS      e.g. scripts/fuzz.sh parse_text 1000000
 #   scripts/fuzz.sh all RUNS         every target, one after the other
 # Targets: read_number parse_text format_text combine_texts settings_file
-# memory_file. Builds with clang, AddressSanitizer and UndefinedBehaviorSanitizer
+# settings_values memory_file memory_file_disk. Builds with clang, AddressSanitizer and UndefinedBehaviorSanitizer
 # in build-fuzz/ (or $FUZZ_BUILD). Each target starts from its corpus in
 # fuzz/corpus/TARGET and the dictionary of measurement marks; what it finds
 # new goes to the build folder, never into the source tree. A failure leaves
@@ -13,7 +13,8 @@
 # between them (their logs are fuzz-*.log in the target's work folder).
 set -euo pipefail
 root="$(cd "$(dirname "$0")/.." && pwd)"
-all_targets=(read_number parse_text format_text combine_texts settings_file memory_file)
+all_targets=(read_number parse_text format_text combine_texts settings_file settings_values
+             memory_file memory_file_disk)
 
 if [ $# -ne 2 ] || ! [[ "$2" =~ ^[0-9]+$ ]]; then
     echo "usage: $0 TARGET|all RUNS   (targets: ${all_targets[*]})" >&2
@@ -41,10 +42,15 @@ for t in "${targets[@]}"; do
     echo "== fuzz_$t: $runs runs"
     extra=()
     [ -n "${FUZZ_SECONDS:-}" ] && extra+=(-max_total_time="$FUZZ_SECONDS")
-    # The memory file target keeps its program from one input to the next,
+    # The memory file targets keep their program from one input to the next,
     # which libFuzzer's leak search after each input takes for a leak and
     # scans for at great cost; leaks are still searched for when it ends.
-    [ "$t" = memory_file ] && extra+=(-detect_leaks=0)
+    case "$t" in
+        memory_file | memory_file_disk) extra+=(-detect_leaks=0) ;;
+    esac
+    # The disk's reader reads in pieces of 64 KiB: its inputs go well past
+    # libFuzzer's default of 4 KB, up to a megabyte.
+    [ "$t" = memory_file_disk ] && extra+=(-max_len=1048576)
     each="$runs"
     if [ "${FUZZ_JOBS:-1}" -gt 1 ]; then
         each=$(((runs + FUZZ_JOBS - 1) / FUZZ_JOBS))

@@ -119,6 +119,9 @@ void WriteSettings(core::Program& p) {
     Write(p, "Settings", "Converter", TruthText(f.GetMenu("mnuConverter").Checked()));
     Write(p, "Settings", "ShowKeys", TruthText(f.GetMenu("ShowKeys").Checked()));
     Write(p, "Settings", "ShowTape", TruthText(f.GetMenu("mnuTape").Checked()));
+
+    // All of them reach the disk together, as one new settings file.
+    if (auto* store = p.runtime.GetServices().settings) store->Flush();
 }
 
 }  // namespace shell

@@ -21,7 +21,8 @@ struct SavedOptions {
 SavedOptions ReadSettingsSection(core::Program& p);
 // Reads "Colors" and applies each colour at once.
 void ReadColorsSection(core::Program& p);
-// Writes both sections from the windows as they stand.
+// Writes both sections from the windows as they stand, and has the store
+// put them on the disk at once.
 void WriteSettings(core::Program& p);
 
 }  // namespace shell

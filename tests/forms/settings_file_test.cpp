@@ -123,6 +123,7 @@ TEST(FileSettingsStore, WritesSurviveIntoAnotherStore) {
         first.Write("Colors", "CalcBackground", "8421376");
         first.Write("Settings", "Zoom", "True");
         first.Write("Settings", "CalcTop", "-200");
+        first.Flush();
     }
     FileSettingsStore second(file);
     EXPECT_EQ(second.Read("Colors", "CalcBackground"), "8421376");
@@ -138,6 +139,7 @@ TEST(FileSettingsStore, TheFileIsPlainSectionsAndKeys) {
     FileSettingsStore store(file);
     store.Write("Colors", "CalcBackground", "8421376");
     store.Write("Settings", "Zoom", "False");
+    store.Flush();
     EXPECT_EQ(ReadBytes(file), "[Colors]\nCalcBackground=8421376\n\n[Settings]\nZoom=False\n");
 }
 
@@ -150,6 +152,7 @@ TEST(FileSettingsStore, KeysAndSectionsAreFoundWithoutRegardToCase) {
     EXPECT_EQ(store.Read("Colors", "CalcBackGround"), "8421376");
     EXPECT_EQ(store.Read("colors", "CALCBACKGROUND"), "8421376");
     ASSERT_EQ(store.Entries().size(), 1u);
+    store.Flush();
 
     FileSettingsStore again(file);
     EXPECT_EQ(again.Read("COLORS", "CalcBackGround"), "8421376");
@@ -163,6 +166,7 @@ TEST(FileSettingsStore, OneKeyInTwoSectionsIsTwoEntries) {
     FileSettingsStore store(file);
     store.Write("Settings", "Converter", "True");
     store.Write("Colors", "Converter", "8421376");
+    store.Flush();
     FileSettingsStore again(file);
     EXPECT_EQ(again.Read("Settings", "Converter"), "True");
     EXPECT_EQ(again.Read("Colors", "Converter"), "8421376");
@@ -178,6 +182,7 @@ TEST(FileSettingsStore, EntriesFollowTheFileGroupedBySection) {
     const std::vector<Entry> expected = {
         {"Colors", "A", "1"}, {"Colors", "C", "3"}, {"Settings", "B", "2"}};
     EXPECT_TRUE(SameEntries(store.Entries(), expected));
+    store.Flush();
     FileSettingsStore again(file);
     EXPECT_TRUE(SameEntries(again.Entries(), expected));
 }
@@ -205,6 +210,7 @@ TEST(FileSettingsStore, AwkwardValuesComeBackByteForByte) {
         for (std::size_t i = 0; i < values.size(); ++i) {
             store.Write("Values", "v" + std::to_string(i), values[i]);
         }
+        store.Flush();
     }
     // One header and one line per value: nothing broke a line.
     const std::string text = ReadBytes(file);
@@ -226,6 +232,7 @@ TEST(FileSettingsStore, AwkwardNamesComeBack) {
         for (const auto& name : names) {
             store.Write(name, name, "section and key " + name);
         }
+        store.Flush();
     }
     FileSettingsStore again(file);
     ASSERT_EQ(again.Entries().size(), names.size());
@@ -273,6 +280,7 @@ TEST(FileSettingsStore, SaveMakesMissingFoldersPrivately) {
     FileSettingsStore store(file);
     EXPECT_TRUE(store.Entries().empty());
     store.Write("Settings", "ShowTape", "True");
+    store.Flush();
     ASSERT_TRUE(fs::is_regular_file(file));
     EXPECT_EQ(fs::status(file).permissions() & fs::perms::all,
               fs::perms::owner_read | fs::perms::owner_write);
@@ -288,6 +296,7 @@ TEST(FileSettingsStore, SaveKeepsThePermissionsOfTheOldFile) {
                               fs::perms::others_read);
     FileSettingsStore store(file);
     store.Write("Settings", "Zoom", "False");
+    store.Flush();
     EXPECT_EQ(fs::status(file).permissions() & fs::perms::all,
               fs::perms::owner_read | fs::perms::owner_write | fs::perms::group_read |
                   fs::perms::others_read);
@@ -307,6 +316,7 @@ TEST(FileSettingsStore, RandomBytesReadAsEmpty) {
     EXPECT_EQ(store.Read("Settings", "Zoom"), std::nullopt);
     // The next save replaces the garbage with a good file.
     store.Write("Settings", "Zoom", "False");
+    store.Flush();
     EXPECT_EQ(FileSettingsStore(file).Read("Settings", "Zoom"), "False");
 }
 
@@ -350,6 +360,110 @@ TEST(FileSettingsStore, HandEditedFilesAreRead) {
     EXPECT_EQ(store.Read("settings", "zoom"), "True");
     EXPECT_EQ(store.Read("Settings", "CalcTop"), "-200");
     EXPECT_EQ(store.Entries().size(), 2u);
+}
+
+// ---- one save for all the writes, within the reader's limit, at a cost in
+// proportion to the file --------------------------------------------------
+
+TEST(FileSettingsStore, WritesWaitForTheFlushAndGoOutTogether) {
+    TempFolder folder;
+    const fs::path file = folder / "Lathmark.conf";
+    WriteBytes(file, "[Settings]\nZoom=True\n");
+    FileSettingsStore store(file);
+    for (int i = 0; i < 18; ++i) store.Write("Settings", "Key" + std::to_string(i), "v");
+    EXPECT_EQ(store.Read("Settings", "Key17"), "v");
+    EXPECT_EQ(ReadBytes(file), "[Settings]\nZoom=True\n");
+    store.Flush();
+    FileSettingsStore back(file);
+    EXPECT_EQ(back.Entries().size(), 19u);
+    EXPECT_EQ(back.Read("Settings", "Key0"), "v");
+    EXPECT_EQ(back.Read("Settings", "Zoom"), "True");
+
+    // Nothing written since: no save.
+    WriteBytes(file, "changed by hand\n");
+    store.Flush();
+    EXPECT_EQ(ReadBytes(file), "changed by hand\n");
+}
+
+TEST(FileSettingsStore, NoStoreOfNothingWrittenMakesAFile) {
+    TempFolder folder;
+    const fs::path file = folder / "Lathmark.conf";
+    FileSettingsStore store(file);
+    store.Flush();
+    EXPECT_FALSE(fs::exists(file));
+}
+
+// A file just under the limit, all of it another program's, and the
+// program's own entries on top: the file saved stays within the limit by
+// leaving out the other program's last entries, never the program's own.
+TEST(FileSettingsStore, TheFileSavedKeepsWithinTheLimit) {
+    TempFolder folder;
+    const fs::path file = folder / "Lathmark.conf";
+    std::string text = "[Other]\n";
+    int keys = 0;
+    while (text.size() < FileSettingsStore::kMaxFileSize - 30) {
+        text += "k" + std::to_string(keys++) + "=" + std::string(20, 'o') + "\n";
+    }
+    text += "\n[Last]\nk=v\n";
+    ASSERT_LE(text.size(), FileSettingsStore::kMaxFileSize);
+    WriteBytes(file, text);
+
+    FileSettingsStore store(file);
+    ASSERT_EQ(store.Entries().size(), static_cast<std::size_t>(keys) + 1);
+    store.Write("Settings", "CalcTop", "1635");
+    store.Write("Last", "Mine", std::string(200, 'm'));
+    EXPECT_TRUE(store.Save());
+    EXPECT_LE(fs::file_size(file), FileSettingsStore::kMaxFileSize);
+
+    FileSettingsStore back(file);
+    EXPECT_EQ(back.Read("Settings", "CalcTop"), "1635");
+    EXPECT_EQ(back.Read("Last", "Mine"), std::string(200, 'm'));
+    EXPECT_EQ(back.Read("Other", "k0"), std::string(20, 'o'));
+    // Only what had to go went: the last entries read from the file.
+    EXPECT_EQ(back.Read("Last", "k"), std::nullopt);
+    EXPECT_EQ(back.Read("Other", "k" + std::to_string(keys - 1)), std::nullopt);
+    EXPECT_GT(back.Entries().size(), static_cast<std::size_t>(keys) - 20);
+    // The store itself still holds them for the rest of the run.
+    EXPECT_EQ(store.Read("Last", "k"), "v");
+}
+
+TEST(FileSettingsStore, WhatWasWrittenAloneBeyondTheLimitIsNotSaved) {
+    TempFolder folder;
+    const fs::path file = folder / "Lathmark.conf";
+    WriteBytes(file, "[Settings]\nZoom=True\n");
+    FileSettingsStore store(file);
+    store.Write("Settings", "Huge", std::string(FileSettingsStore::kMaxFileSize, 'h'));
+    EXPECT_FALSE(store.Save());
+    EXPECT_EQ(ReadBytes(file), "[Settings]\nZoom=True\n");
+}
+
+// The cost of the store is counted in the entries it looks at: reading a
+// file, finding and writing the program's settings and saving it all back
+// look at each entry a few times, however many there are, in one section
+// or in as many sections as keys.
+TEST(FileSettingsStore, ReadingAndWritingCostInProportionToTheFile) {
+    for (const bool oneSection : {true, false}) {
+        TempFolder folder;
+        const fs::path file = folder / "Lathmark.conf";
+        constexpr std::size_t kEntries = 30000;
+        std::string text = oneSection ? "[Other]\n" : "";
+        for (std::size_t i = 0; i < kEntries; ++i) {
+            if (!oneSection) text += "[s" + std::to_string(i) + "]\n";
+            text += "k" + std::to_string(i) + "=v\n";
+        }
+        WriteBytes(file, text);
+
+        FileSettingsStore store(file);
+        ASSERT_EQ(store.Entries().size(), kEntries);
+        for (const char* key : {"Zoom", "Accuracy", "Converter", "ShowKeys", "ShowTape"}) {
+            store.Read("Settings", key);
+        }
+        for (int i = 0; i < 18; ++i) store.Write("Settings", "Key" + std::to_string(i), "1");
+        store.Flush();
+        EXPECT_LE(store.Steps(), 4 * kEntries)
+            << (oneSection ? "one section" : "one section a key");
+        EXPECT_EQ(FileSettingsStore(file).Entries().size(), kEntries + 18);
+    }
 }
 
 TEST(FileSettingsStore, AFileBeyondTheLimitReadsAsEmpty) {
@@ -406,9 +520,8 @@ TEST(FileSettingsStore, AMissingFileReadsAsEmpty) {
 TEST(FileSettingsStore, AnUnwritableFolderFailsTheSaveAndKeepsTheOldFile) {
     TempFolder folder;
     const fs::path file = folder / "Lathmark.conf";
-    FileSettingsStore({file}).Write("Settings", "Zoom", "True");
+    WriteBytes(file, "[Settings]\nZoom=True\n");
     const std::string before = ReadBytes(file);
-    ASSERT_FALSE(before.empty());
 
     FileSettingsStore store(file);
     fs::permissions(folder.path(), fs::perms::owner_read | fs::perms::owner_exec);
@@ -439,7 +552,7 @@ TEST(FileSettingsStore, AFolderThatIsAFileFailsTheSave) {
 TEST(FileSettingsStore, AWriteThatFailsHalfwayKeepsTheOldFile) {
     TempFolder folder;
     const fs::path file = folder / "Lathmark.conf";
-    FileSettingsStore({file}).Write("Settings", "Zoom", "True");
+    WriteBytes(file, "[Settings]\nZoom=True\n");
     const std::string before = ReadBytes(file);
 
     // A file size limit makes the write fail part way, as a full disk
@@ -483,6 +596,7 @@ TEST(FileSettingsStore, ALinkedFileStaysLinked) {
     FileSettingsStore store(link);
     EXPECT_EQ(store.Read("Settings", "Zoom"), "True");
     store.Write("Settings", "Zoom", "False");
+    store.Flush();
     EXPECT_TRUE(fs::is_symlink(link));
     EXPECT_EQ(FileSettingsStore(real).Read("Settings", "Zoom"), "False");
 }

@@ -434,12 +434,9 @@ TEST_F(MemoryFile, AWriteIntoAFolderWithoutTheRightToWriteKeepsTheOldFile) {
 }
 
 // A disk that is full: every write of the new file's content fails.
-class FullDisk : public forms::DiskFiles {
+class FullDisk : public forms::FileSystemCalls {
   public:
-    using forms::DiskFiles::DiskFiles;
-
-  protected:
-    ssize_t WriteSome(int, const char*, std::size_t) override {
+    ssize_t Write(int, const void*, std::size_t) override {
         errno = ENOSPC;
         return -1;
     }
@@ -448,8 +445,9 @@ class FullDisk : public forms::DiskFiles {
 class MemoryFileOnFullDisk : public MemoryFileApp {
   protected:
     std::unique_ptr<forms::DiskFiles> MakeFiles() override {
-        return std::make_unique<FullDisk>(folder);
+        return std::make_unique<forms::DiskFiles>(folder, fullDisk);
     }
+    FullDisk fullDisk;
 };
 
 TEST_F(MemoryFileOnFullDisk, AWriteShowsWhyAndLeavesTheEarlierFileWhole) {

@@ -7,6 +7,7 @@
 
 #include <gtest/gtest.h>
 
+#include "forms/headless_services.h"
 #include "forms/settings_file.h"
 #include "shell/lathmark_app.h"
 

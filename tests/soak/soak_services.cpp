@@ -41,10 +41,10 @@ void RandomPrompt::RunModal(forms::Form& form) {
     if (ok && ok->Click) ok->Click();
 }
 
-forms::FileStore::ReadResult MemoryFiles::Read(const std::string& path) const {
+forms::FileStore::OpenResult MemoryFiles::OpenLines(const std::string& path) const {
     auto it = files.find(path);
-    if (it == files.end()) return {std::nullopt, "No such file or directory"};
-    return {it->second, ""};
+    if (it == files.end()) return {nullptr, "No such file or directory"};
+    return {std::make_unique<forms::TextLineReader>(it->second), ""};
 }
 
 std::string MemoryFiles::Replace(const std::string& path, const std::string& content) {

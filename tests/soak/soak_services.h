@@ -53,7 +53,7 @@ class MemoryFiles : public forms::FileStore {
   public:
     static constexpr const char* kNoFolder = "/nowhere/";
     bool Exists(const std::string& path) const override { return files.contains(path); }
-    ReadResult Read(const std::string& path) const override;
+    OpenResult OpenLines(const std::string& path) const override;
     std::string Replace(const std::string& path, const std::string& content) override;
     std::string ProgramFolder() override { return "/soak"; }
 

@@ -430,4 +430,46 @@ TEST_F(TapeStoreTest, ATopRowTheGridRefusesLeavesTheOldOne) {
     EXPECT_EQ(grid.Rows(), 10);
 }
 
+// ---- the grid holds what was written --------------------------------------
+
+TEST_F(TapeStoreTest, RowsAndColumnsCutOffAndGrownAgainReadAsEmpty) {
+    MakeTapes(2);
+    store.AppendLines(2, {"a ", "b ", "c "}, true);
+    store.AppendLines(0, {"x "}, true);
+    grid.SetRows(2);
+    EXPECT_EQ(grid.Cell(1, 2), "a ");
+    EXPECT_EQ(grid.Cell(2, 2), "");  // outside the grid
+    grid.SetRows(20);
+    EXPECT_EQ(grid.Cell(1, 2), "a ");
+    EXPECT_EQ(grid.Cell(2, 2), "");
+    EXPECT_EQ(grid.Cell(3, 2), "");
+    grid.SetCols(1);
+    grid.SetCols(3);
+    EXPECT_EQ(grid.Cell(1, 2), "");
+    EXPECT_EQ(grid.Cell(1, 0), "x ");
+}
+
+TEST_F(TapeStoreTest, EveryCellOfALargeGridReadsAsWritten) {
+    MakeTapes(40);
+    store.TapeAddRows(40, 30000);
+    ASSERT_EQ(grid.Rows(), 30010);
+    ASSERT_TRUE(grid.SetRow(29999));
+    ASSERT_TRUE(grid.SetCol(40));
+    ASSERT_TRUE(grid.SetText("last "));
+    ASSERT_TRUE(grid.SetCell(5, 7, "five "));
+    EXPECT_EQ(grid.Text(), "last ");
+    for (int col = 0; col < grid.Cols(); ++col) {
+        for (int row = 0; row < grid.Rows(); ++row) {
+            const bool written = (row == 29999 && col == 40) || (row == 5 && col == 7);
+            if (!written) {
+                ASSERT_EQ(grid.Cell(row, col), "") << row << ", " << col;
+            }
+        }
+    }
+    EXPECT_EQ(grid.Cell(5, 7), "five ");
+    EXPECT_EQ(grid.Cell(30009, 40), "");
+    EXPECT_FALSE(grid.SetCell(30010, 40, "beyond "));
+    EXPECT_EQ(grid.Cell(30010, 40), "");
+}
+
 }  // namespace

@@ -1,0 +1,57 @@
+// Tape memory benchmark (see scripts/bench-tape.sh): the whole program,
+// headless, makes 500 memory cells with New Memory and then sums on the
+// calculator, Equal after Equal, until its tape stands at its last row,
+// 32,767. What that costs is read from the kernel: the peak resident
+// memory of the process (VmHWM), and where it stood once the program had
+// started, before any cell.
+//
+// Prints one line: "<KiB at start> <KiB peak> <tape rows> <cells>".
+#include <cstdio>
+#include <fstream>
+#include <string>
+
+#include "forms/headless_services.h"
+#include "shell/lathmark_app.h"
+
+namespace {
+
+constexpr int kCells = 500;
+
+// A field of /proc/self/status, in KiB.
+long StatusKiB(const std::string& field) {
+    std::ifstream status("/proc/self/status");
+    std::string line;
+    while (std::getline(status, line)) {
+        if (line.rfind(field + ":", 0) == 0) return std::stol(line.substr(field.size() + 1));
+    }
+    return 0;
+}
+
+}  // namespace
+
+int main() {
+    forms::CountingBeeper beeper;
+    forms::RecordingMessageBoxes messages;
+    forms::MemorySettingsStore settings;
+    forms::HalfEmTextMeasure measure;
+    forms::Services services{&beeper, &messages, &settings};
+    services.textMeasure = &measure;
+    shell::LathmarkApp app(services, forms::ScreenInfo{});
+    app.Start();
+    app.MainLoopPass();
+    core::Program& p = app.Program();
+    const long atStart = StatusKiB("VmHWM");
+
+    for (int i = 0; i < kCells; ++i) {
+        p.Calculator->GetMenu("NewMemory").Click();
+        app.MainLoopPass();
+    }
+    p.calc->Number[1]->Click();
+    for (int press = 0; press < 20000 && p.tape->TapeRowCount()[0] < 32767; ++press) {
+        p.calc->Equal.Click();
+        app.MainLoopPass();
+    }
+    std::printf("%ld %ld %d %d\n", atStart, StatusKiB("VmHWM"), p.tape->TapeRowCount()[0],
+                p.MemoryCount - 1);
+    return p.tape->TapeRowCount()[0] == 32767 && p.MemoryCount - 1 == kCells ? 0 : 1;
+}
