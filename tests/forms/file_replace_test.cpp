@@ -16,13 +16,12 @@
 
 #include <cerrno>
 #include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <set>
 #include <string>
 #include <vector>
 
 #include "forms/settings_file.h"
+#include "tests/forms/scratch_folder.h"
 
 namespace forms {
 namespace {
@@ -83,18 +82,12 @@ class StoppingCalls : public CountingCalls {
     int tell_;
 };
 
+using testfiles::ReadBytes;
+using testfiles::WriteBytes;
+
 class FileReplace : public ::testing::Test {
   protected:
-    void SetUp() override {
-        std::string pattern = (fs::temp_directory_path() / "lmreplace.XXXXXX").string();
-        ASSERT_NE(::mkdtemp(pattern.data()), nullptr);
-        folder = pattern;
-        target = folder / "job.mem";
-    }
-    void TearDown() override {
-        std::error_code error;
-        fs::remove_all(folder, error);
-    }
+    void SetUp() override { ASSERT_FALSE(folder.empty()); }
 
     // Whether this folder's file system makes files without a name.
     bool MakesUnnamedFiles() const {
@@ -103,20 +96,7 @@ class FileReplace : public ::testing::Test {
         ::close(fd);
         return true;
     }
-    std::set<std::string> Names() const {
-        std::set<std::string> names;
-        for (const auto& item : fs::directory_iterator(folder)) {
-            names.insert(item.path().filename().string());
-        }
-        return names;
-    }
-    void WriteBytes(const fs::path& file, const std::string& bytes) {
-        std::ofstream(file, std::ios::binary | std::ios::trunc) << bytes;
-    }
-    std::string ReadBytes(const fs::path& file) {
-        std::ifstream in(file, std::ios::binary);
-        return std::string(std::istreambuf_iterator<char>(in), {});
-    }
+    std::set<std::string> Names() const { return testfiles::NamesIn(folder); }
 
     // Runs `save` in a child that stops in its first write, and kills it
     // there.
@@ -143,7 +123,9 @@ class FileReplace : public ::testing::Test {
         ASSERT_TRUE(WIFSIGNALED(status));
     }
 
-    fs::path folder, target;
+    testfiles::ScratchFolder scratch{"lmreplace"};
+    fs::path folder = scratch.path();
+    fs::path target = folder / "job.mem";
 };
 
 TEST_F(FileReplace, ThroughAFileWithoutANameOneRenameAndTwoFlushes) {

@@ -21,6 +21,7 @@
 
 #include "forms/disk_files.h"
 #include "forms/settings_file.h"
+#include "tests/forms/scratch_folder.h"
 
 namespace {
 
@@ -28,32 +29,16 @@ namespace fs = std::filesystem;
 
 class KilledSave : public ::testing::Test {
   protected:
-    void SetUp() override {
-        std::string pattern = (fs::temp_directory_path() / "lmkill.XXXXXX").string();
-        ASSERT_NE(::mkdtemp(pattern.data()), nullptr);
-        folder = pattern;
-    }
-    void TearDown() override {
-        std::error_code error;
-        fs::remove_all(folder, error);
-    }
+    void SetUp() override { ASSERT_FALSE(folder.empty()); }
 
-    std::set<std::string> Names() const {
-        std::set<std::string> names;
-        for (const auto& item : fs::directory_iterator(folder)) {
-            names.insert(item.path().filename().string());
-        }
-        return names;
-    }
+    std::set<std::string> Names() const { return testfiles::NamesIn(folder); }
     void WriteBytes(const std::string& name, const std::string& bytes) {
-        std::ofstream(folder / name, std::ios::binary | std::ios::trunc) << bytes;
+        testfiles::WriteBytes(folder / name, bytes);
     }
-    std::string ReadBytes(const std::string& name) {
-        std::ifstream in(folder / name, std::ios::binary);
-        return std::string(std::istreambuf_iterator<char>(in), {});
-    }
+    std::string ReadBytes(const std::string& name) { return testfiles::ReadBytes(folder / name); }
 
-    fs::path folder;
+    testfiles::ScratchFolder scratch{"lmkill"};
+    fs::path folder = scratch.path();
 };
 
 // The bytes a process has handed to write(2) so far, from /proc.

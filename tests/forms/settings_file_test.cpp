@@ -1,82 +1,30 @@
-#include "forms/settings_file.h"
-
+// The settings file as the program keeps it: what is written comes back in
+// another store, byte for byte, found without regard to case and grouped
+// by section; where the file lies for the user; and files damaged or edited
+// by hand read as far as they are good.
 #include <gtest/gtest.h>
-#include <sys/resource.h>
+#include <stdlib.h>
 #include <sys/stat.h>
-#include <unistd.h>
 
-#include <algorithm>
-#include <csignal>
 #include <cstdlib>
-#include <fstream>
-#include <iterator>
 #include <optional>
 #include <random>
 #include <set>
-#include <sstream>
 #include <string>
-#include <system_error>
 #include <vector>
+
+#include "forms/settings_file.h"
+#include "tests/forms/scratch_folder.h"
 
 namespace forms {
 namespace {
 
 namespace fs = std::filesystem;
+using testfiles::NamesIn;
+using testfiles::ReadBytes;
+using testfiles::ScratchFolder;
+using testfiles::WriteBytes;
 using Entry = SettingsStore::Entry;
-
-// A fresh folder per test, removed with everything in it afterwards.
-class TempFolder {
-  public:
-    TempFolder() {
-        std::string pattern = (fs::temp_directory_path() / "lathmark-settings-XXXXXX").string();
-        std::vector<char> name(pattern.begin(), pattern.end());
-        name.push_back('\0');
-        if (::mkdtemp(name.data()) != nullptr) path_ = name.data();
-    }
-    TempFolder(const TempFolder&) = delete;
-    TempFolder& operator=(const TempFolder&) = delete;
-    ~TempFolder() {
-        if (path_.empty()) return;
-        std::error_code error;
-        // Give back the rights a test took away, or the removal fails.
-        for (auto it = fs::recursive_directory_iterator(path_, error);
-             !error && it != fs::recursive_directory_iterator(); it.increment(error)) {
-            if (!it->is_symlink(error)) {
-                fs::permissions(it->path(), fs::perms::owner_all, fs::perm_options::add, error);
-            }
-        }
-        fs::permissions(path_, fs::perms::owner_all, fs::perm_options::add, error);
-        fs::remove_all(path_, error);
-    }
-    const fs::path& path() const { return path_; }
-    fs::path operator/(const std::string& name) const { return path_ / name; }
-
-  private:
-    fs::path path_;
-};
-
-void WriteBytes(const fs::path& file, const std::string& bytes) {
-    std::ofstream out(file, std::ios::binary | std::ios::trunc);
-    out << bytes;
-}
-
-std::string ReadBytes(const fs::path& file) {
-    std::ifstream in(file, std::ios::binary);
-    return std::string(std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>());
-}
-
-std::set<std::string> NamesIn(const fs::path& folder) {
-    std::set<std::string> names;
-    std::error_code error;
-    for (const auto& item : fs::directory_iterator(folder, error)) {
-        names.insert(item.path().filename().string());
-    }
-    return names;
-}
-
-bool RunningAsRoot() {
-    return ::geteuid() == 0;
-}
 
 bool SameEntries(const std::vector<Entry>& a, const std::vector<Entry>& b) {
     if (a.size() != b.size()) return false;
@@ -115,7 +63,7 @@ class ScopedEnv {
 };
 
 TEST(FileSettingsStore, WritesSurviveIntoAnotherStore) {
-    TempFolder folder;
+    ScratchFolder folder;
     const fs::path file = folder / "Lathmark.conf";
     {
         FileSettingsStore first(file);
@@ -134,7 +82,7 @@ TEST(FileSettingsStore, WritesSurviveIntoAnotherStore) {
 }
 
 TEST(FileSettingsStore, TheFileIsPlainSectionsAndKeys) {
-    TempFolder folder;
+    ScratchFolder folder;
     const fs::path file = folder / "Lathmark.conf";
     FileSettingsStore store(file);
     store.Write("Colors", "CalcBackground", "8421376");
@@ -144,7 +92,7 @@ TEST(FileSettingsStore, TheFileIsPlainSectionsAndKeys) {
 }
 
 TEST(FileSettingsStore, KeysAndSectionsAreFoundWithoutRegardToCase) {
-    TempFolder folder;
+    ScratchFolder folder;
     const fs::path file = folder / "Lathmark.conf";
     FileSettingsStore store(file);
     store.Write("Colors", "CalcBackGround", "1");
@@ -161,7 +109,7 @@ TEST(FileSettingsStore, KeysAndSectionsAreFoundWithoutRegardToCase) {
 }
 
 TEST(FileSettingsStore, OneKeyInTwoSectionsIsTwoEntries) {
-    TempFolder folder;
+    ScratchFolder folder;
     const fs::path file = folder / "Lathmark.conf";
     FileSettingsStore store(file);
     store.Write("Settings", "Converter", "True");
@@ -173,7 +121,7 @@ TEST(FileSettingsStore, OneKeyInTwoSectionsIsTwoEntries) {
 }
 
 TEST(FileSettingsStore, EntriesFollowTheFileGroupedBySection) {
-    TempFolder folder;
+    ScratchFolder folder;
     const fs::path file = folder / "Lathmark.conf";
     FileSettingsStore store(file);
     store.Write("Colors", "A", "1");
@@ -188,7 +136,7 @@ TEST(FileSettingsStore, EntriesFollowTheFileGroupedBySection) {
 }
 
 TEST(FileSettingsStore, AwkwardValuesComeBackByteForByte) {
-    TempFolder folder;
+    ScratchFolder folder;
     const fs::path file = folder / "Lathmark.conf";
     const std::vector<std::string> values = {
         "",
@@ -223,7 +171,7 @@ TEST(FileSettingsStore, AwkwardValuesComeBackByteForByte) {
 }
 
 TEST(FileSettingsStore, AwkwardNamesComeBack) {
-    TempFolder folder;
+    ScratchFolder folder;
     const fs::path file = folder / "Lathmark.conf";
     const std::vector<std::string> names = {"",   "a=b", "[k", ";k",   "#k",  " k ",
                                             "\t", "k\\", "k]", "x\ny", "[s]", "a\\=b"};
@@ -275,7 +223,7 @@ TEST(FileSettingsStore, DefaultPathWithoutHomeStillNamesTheFile) {
 }
 
 TEST(FileSettingsStore, SaveMakesMissingFoldersPrivately) {
-    TempFolder folder;
+    ScratchFolder folder;
     const fs::path file = folder / "config/lathmark/Lathmark.conf";
     FileSettingsStore store(file);
     EXPECT_TRUE(store.Entries().empty());
@@ -289,7 +237,7 @@ TEST(FileSettingsStore, SaveMakesMissingFoldersPrivately) {
 }
 
 TEST(FileSettingsStore, SaveKeepsThePermissionsOfTheOldFile) {
-    TempFolder folder;
+    ScratchFolder folder;
     const fs::path file = folder / "Lathmark.conf";
     WriteBytes(file, "[Settings]\nZoom=True\n");
     fs::permissions(file, fs::perms::owner_read | fs::perms::owner_write | fs::perms::group_read |
@@ -303,7 +251,7 @@ TEST(FileSettingsStore, SaveKeepsThePermissionsOfTheOldFile) {
 }
 
 TEST(FileSettingsStore, RandomBytesReadAsEmpty) {
-    TempFolder folder;
+    ScratchFolder folder;
     const fs::path file = folder / "Lathmark.conf";
     std::mt19937 random(20240611u);
     std::string garbage;
@@ -321,14 +269,14 @@ TEST(FileSettingsStore, RandomBytesReadAsEmpty) {
 }
 
 TEST(FileSettingsStore, InvalidUtf8ReadsAsEmpty) {
-    TempFolder folder;
+    ScratchFolder folder;
     const fs::path file = folder / "Lathmark.conf";
     WriteBytes(file, "[Settings]\nZoom=True\nName=\xC0\xAF\n");
     EXPECT_TRUE(FileSettingsStore(file).Entries().empty());
 }
 
 TEST(FileSettingsStore, DamagedLinesArePassedOverAndGoodOnesKept) {
-    TempFolder folder;
+    ScratchFolder folder;
     const fs::path file = folder / "Lathmark.conf";
     WriteBytes(file,
                "Orphan=before any section\n"
@@ -352,7 +300,7 @@ TEST(FileSettingsStore, DamagedLinesArePassedOverAndGoodOnesKept) {
 }
 
 TEST(FileSettingsStore, HandEditedFilesAreRead) {
-    TempFolder folder;
+    ScratchFolder folder;
     const fs::path file = folder / "Lathmark.conf";
     // A byte order mark, Windows line ends, blanks around names.
     WriteBytes(file, "\xEF\xBB\xBF  [ Settings ]  \r\n  Zoom =True\r\nCalcTop=-200\r\n");
@@ -360,253 +308,6 @@ TEST(FileSettingsStore, HandEditedFilesAreRead) {
     EXPECT_EQ(store.Read("settings", "zoom"), "True");
     EXPECT_EQ(store.Read("Settings", "CalcTop"), "-200");
     EXPECT_EQ(store.Entries().size(), 2u);
-}
-
-// ---- one save for all the writes, within the reader's limit, at a cost in
-// proportion to the file --------------------------------------------------
-
-TEST(FileSettingsStore, WritesWaitForTheFlushAndGoOutTogether) {
-    TempFolder folder;
-    const fs::path file = folder / "Lathmark.conf";
-    WriteBytes(file, "[Settings]\nZoom=True\n");
-    FileSettingsStore store(file);
-    for (int i = 0; i < 18; ++i) store.Write("Settings", "Key" + std::to_string(i), "v");
-    EXPECT_EQ(store.Read("Settings", "Key17"), "v");
-    EXPECT_EQ(ReadBytes(file), "[Settings]\nZoom=True\n");
-    store.Flush();
-    FileSettingsStore back(file);
-    EXPECT_EQ(back.Entries().size(), 19u);
-    EXPECT_EQ(back.Read("Settings", "Key0"), "v");
-    EXPECT_EQ(back.Read("Settings", "Zoom"), "True");
-
-    // Nothing written since: no save.
-    WriteBytes(file, "changed by hand\n");
-    store.Flush();
-    EXPECT_EQ(ReadBytes(file), "changed by hand\n");
-}
-
-TEST(FileSettingsStore, NoStoreOfNothingWrittenMakesAFile) {
-    TempFolder folder;
-    const fs::path file = folder / "Lathmark.conf";
-    FileSettingsStore store(file);
-    store.Flush();
-    EXPECT_FALSE(fs::exists(file));
-}
-
-// A file just under the limit, all of it another program's, and the
-// program's own entries on top: the file saved stays within the limit by
-// leaving out the other program's last entries, never the program's own.
-TEST(FileSettingsStore, TheFileSavedKeepsWithinTheLimit) {
-    TempFolder folder;
-    const fs::path file = folder / "Lathmark.conf";
-    std::string text = "[Other]\n";
-    int keys = 0;
-    while (text.size() < FileSettingsStore::kMaxFileSize - 30) {
-        text += "k" + std::to_string(keys++) + "=" + std::string(20, 'o') + "\n";
-    }
-    text += "\n[Last]\nk=v\n";
-    ASSERT_LE(text.size(), FileSettingsStore::kMaxFileSize);
-    WriteBytes(file, text);
-
-    FileSettingsStore store(file);
-    ASSERT_EQ(store.Entries().size(), static_cast<std::size_t>(keys) + 1);
-    store.Write("Settings", "CalcTop", "1635");
-    store.Write("Last", "Mine", std::string(200, 'm'));
-    EXPECT_TRUE(store.Save());
-    EXPECT_LE(fs::file_size(file), FileSettingsStore::kMaxFileSize);
-
-    FileSettingsStore back(file);
-    EXPECT_EQ(back.Read("Settings", "CalcTop"), "1635");
-    EXPECT_EQ(back.Read("Last", "Mine"), std::string(200, 'm'));
-    EXPECT_EQ(back.Read("Other", "k0"), std::string(20, 'o'));
-    // Only what had to go went: the last entries read from the file.
-    EXPECT_EQ(back.Read("Last", "k"), std::nullopt);
-    EXPECT_EQ(back.Read("Other", "k" + std::to_string(keys - 1)), std::nullopt);
-    EXPECT_GT(back.Entries().size(), static_cast<std::size_t>(keys) - 20);
-    // The store itself still holds them for the rest of the run.
-    EXPECT_EQ(store.Read("Last", "k"), "v");
-}
-
-TEST(FileSettingsStore, WhatWasWrittenAloneBeyondTheLimitIsNotSaved) {
-    TempFolder folder;
-    const fs::path file = folder / "Lathmark.conf";
-    WriteBytes(file, "[Settings]\nZoom=True\n");
-    FileSettingsStore store(file);
-    store.Write("Settings", "Huge", std::string(FileSettingsStore::kMaxFileSize, 'h'));
-    EXPECT_FALSE(store.Save());
-    EXPECT_EQ(ReadBytes(file), "[Settings]\nZoom=True\n");
-}
-
-// The cost of the store is counted in the entries it looks at: reading a
-// file, finding and writing the program's settings and saving it all back
-// look at each entry a few times, however many there are, in one section
-// or in as many sections as keys.
-TEST(FileSettingsStore, ReadingAndWritingCostInProportionToTheFile) {
-    for (const bool oneSection : {true, false}) {
-        TempFolder folder;
-        const fs::path file = folder / "Lathmark.conf";
-        constexpr std::size_t kEntries = 30000;
-        std::string text = oneSection ? "[Other]\n" : "";
-        for (std::size_t i = 0; i < kEntries; ++i) {
-            if (!oneSection) text += "[s" + std::to_string(i) + "]\n";
-            text += "k" + std::to_string(i) + "=v\n";
-        }
-        WriteBytes(file, text);
-
-        FileSettingsStore store(file);
-        ASSERT_EQ(store.Entries().size(), kEntries);
-        for (const char* key : {"Zoom", "Accuracy", "Converter", "ShowKeys", "ShowTape"}) {
-            store.Read("Settings", key);
-        }
-        for (int i = 0; i < 18; ++i) store.Write("Settings", "Key" + std::to_string(i), "1");
-        store.Flush();
-        EXPECT_LE(store.Steps(), 4 * kEntries)
-            << (oneSection ? "one section" : "one section a key");
-        EXPECT_EQ(FileSettingsStore(file).Entries().size(), kEntries + 18);
-    }
-}
-
-TEST(FileSettingsStore, AFileBeyondTheLimitReadsAsEmpty) {
-    TempFolder folder;
-    const fs::path file = folder / "Lathmark.conf";
-    std::string text = "[Settings]\nZoom=True\n";
-    const std::string padding = "; " + std::string(97, '-') + "\n";
-    while (text.size() <= FileSettingsStore::kMaxFileSize) text += padding;
-    WriteBytes(file, text);
-    EXPECT_TRUE(FileSettingsStore(file).Entries().empty());
-
-    // Just within the limit it is read.
-    text.resize(FileSettingsStore::kMaxFileSize - 1);
-    text += '\n';
-    WriteBytes(file, text);
-    EXPECT_EQ(FileSettingsStore(file).Read("Settings", "Zoom"), "True");
-}
-
-TEST(FileSettingsStore, AFolderInPlaceOfTheFile) {
-    TempFolder folder;
-    const fs::path file = folder / "Lathmark.conf";
-    fs::create_directory(file);
-    FileSettingsStore store(file);
-    EXPECT_TRUE(store.Entries().empty());
-    store.Write("Settings", "Zoom", "True");  // must not throw
-    EXPECT_EQ(store.Read("Settings", "Zoom"), "True");
-    EXPECT_FALSE(store.Save());
-    EXPECT_TRUE(fs::is_directory(file));
-    EXPECT_EQ(NamesIn(folder.path()), std::set<std::string>{"Lathmark.conf"});
-}
-
-TEST(FileSettingsStore, AFifoInPlaceOfTheFileDoesNotHang) {
-    TempFolder folder;
-    const fs::path file = folder / "Lathmark.conf";
-    ASSERT_EQ(::mkfifo(file.c_str(), 0600), 0);
-    FileSettingsStore store(file);
-    EXPECT_TRUE(store.Entries().empty());
-}
-
-TEST(FileSettingsStore, AnUnreadableFileReadsAsEmpty) {
-    if (RunningAsRoot()) GTEST_SKIP() << "root reads any file";
-    TempFolder folder;
-    const fs::path file = folder / "Lathmark.conf";
-    WriteBytes(file, "[Settings]\nZoom=True\n");
-    fs::permissions(file, fs::perms::none);
-    EXPECT_TRUE(FileSettingsStore(file).Entries().empty());
-}
-
-TEST(FileSettingsStore, AMissingFileReadsAsEmpty) {
-    TempFolder folder;
-    EXPECT_TRUE(FileSettingsStore(folder / "nothing/here/Lathmark.conf").Entries().empty());
-}
-
-TEST(FileSettingsStore, AnUnwritableFolderFailsTheSaveAndKeepsTheOldFile) {
-    TempFolder folder;
-    const fs::path file = folder / "Lathmark.conf";
-    WriteBytes(file, "[Settings]\nZoom=True\n");
-    const std::string before = ReadBytes(file);
-
-    FileSettingsStore store(file);
-    fs::permissions(folder.path(), fs::perms::owner_read | fs::perms::owner_exec);
-    if (::access(folder.path().c_str(), W_OK) == 0) {
-        // Root writes into a read-only folder regardless. The next two tests
-        // make failures that bind root too.
-        GTEST_SKIP() << "the folder stays writable for this user";
-    }
-    store.Write("Settings", "Zoom", "False");
-    EXPECT_FALSE(store.Save());
-    EXPECT_EQ(store.Read("Settings", "Zoom"), "False");
-    fs::permissions(folder.path(), fs::perms::owner_all);
-    EXPECT_EQ(ReadBytes(file), before);
-    EXPECT_EQ(NamesIn(folder.path()), std::set<std::string>{"Lathmark.conf"});
-}
-
-TEST(FileSettingsStore, AFolderThatIsAFileFailsTheSave) {
-    TempFolder folder;
-    const fs::path plain = folder / "plain";
-    WriteBytes(plain, "not a folder");
-    FileSettingsStore store(plain / "lathmark" / "Lathmark.conf");
-    store.Write("Settings", "Zoom", "True");  // must not throw
-    EXPECT_FALSE(store.Save());
-    EXPECT_EQ(ReadBytes(plain), "not a folder");
-    EXPECT_EQ(NamesIn(folder.path()), std::set<std::string>{"plain"});
-}
-
-TEST(FileSettingsStore, AWriteThatFailsHalfwayKeepsTheOldFile) {
-    TempFolder folder;
-    const fs::path file = folder / "Lathmark.conf";
-    WriteBytes(file, "[Settings]\nZoom=True\n");
-    const std::string before = ReadBytes(file);
-
-    // A file size limit makes the write fail part way, as a full disk
-    // would, even for root.
-    rlimit saved{};
-    ASSERT_EQ(::getrlimit(RLIMIT_FSIZE, &saved), 0);
-    auto* const oldHandler = std::signal(SIGXFSZ, SIG_IGN);
-    rlimit small = saved;
-    small.rlim_cur = 1024;
-    ASSERT_EQ(::setrlimit(RLIMIT_FSIZE, &small), 0);
-
-    FileSettingsStore store(file);
-    store.Write("Settings", "Big", std::string(64 * 1024, 'x'));
-    const bool saved_ok = store.Save();
-
-    ::setrlimit(RLIMIT_FSIZE, &saved);
-    std::signal(SIGXFSZ, oldHandler);
-
-    EXPECT_FALSE(saved_ok);
-    EXPECT_EQ(ReadBytes(file), before);
-    EXPECT_EQ(NamesIn(folder.path()), std::set<std::string>{"Lathmark.conf"});
-    EXPECT_EQ(FileSettingsStore(file).Read("Settings", "Big"), std::nullopt);
-}
-
-TEST(FileSettingsStore, NoTemporaryFilesAfterSaves) {
-    TempFolder folder;
-    const fs::path file = folder / "Lathmark.conf";
-    FileSettingsStore store(file);
-    for (int i = 0; i < 20; ++i) store.Write("Settings", "Count", std::to_string(i));
-    EXPECT_TRUE(store.Save());
-    EXPECT_EQ(NamesIn(folder.path()), std::set<std::string>{"Lathmark.conf"});
-    EXPECT_EQ(FileSettingsStore(file).Read("Settings", "Count"), "19");
-}
-
-TEST(FileSettingsStore, ALinkedFileStaysLinked) {
-    TempFolder folder;
-    const fs::path real = folder / "real.conf";
-    const fs::path link = folder / "Lathmark.conf";
-    WriteBytes(real, "[Settings]\nZoom=True\n");
-    fs::create_symlink(real, link);
-    FileSettingsStore store(link);
-    EXPECT_EQ(store.Read("Settings", "Zoom"), "True");
-    store.Write("Settings", "Zoom", "False");
-    store.Flush();
-    EXPECT_TRUE(fs::is_symlink(link));
-    EXPECT_EQ(FileSettingsStore(real).Read("Settings", "Zoom"), "False");
-}
-
-TEST(FileSettingsStore, AnEmptyPathNeverSaves) {
-    FileSettingsStore store{fs::path()};
-    EXPECT_TRUE(store.Entries().empty());
-    store.Write("Settings", "Zoom", "True");
-    EXPECT_FALSE(store.Save());
-    EXPECT_EQ(store.Read("Settings", "Zoom"), "True");
 }
 
 }  // namespace
