@@ -7,51 +7,17 @@
 #
 #     scripts/accessibility-test.sh [BUILD]
 #
-# As root it installs what it needs; otherwise it prints the apt-get line.
+# As root it installs what it needs (scripts/deps.sh --accessibility);
+# otherwise it prints the apt-get line.
 set -euo pipefail
 root="$(cd "$(dirname "$0")/.." && pwd)"
 build="$(cd "${1:-$root/build}" && pwd)"
 binary="$build/app/lathmark"
 [ -x "$binary" ] || { echo "no calculator at $binary: run scripts/test.sh first" >&2; exit 1; }
 
-packages=(xvfb openbox dbus at-spi2-core python3-pyatspi)
-missing=()
-for p in "${packages[@]}"; do
-    dpkg-query -W -f='${Status}' "$p" 2>/dev/null | grep -q "install ok installed" || missing+=("$p")
-done
-if [ ${#missing[@]} -gt 0 ]; then
-    if [ "$(id -u)" -eq 0 ]; then
-        export DEBIAN_FRONTEND=noninteractive
-        apt-get update -qq
-        apt-get install -y -qq --no-install-recommends "${missing[@]}" >/dev/null
-    else
-        echo "The accessibility test needs these packages. Run:" >&2
-        echo "  sudo apt-get install -y ${missing[*]}" >&2
-        exit 1
-    fi
-fi
-
-export PYTHONDONTWRITEBYTECODE=1
-work="$(mktemp -d)"
-pids=()
-cleanup() {
-    for pid in "${pids[@]}"; do
-        kill "$pid" 2>/dev/null || true
-        wait "$pid" 2>/dev/null || true
-    done
-    rm -rf "$work"
-}
-trap cleanup EXIT
-trap 'exit 130' INT TERM
-
-n=90
-while [ -e "/tmp/.X$n-lock" ] || [ -e "/tmp/.X11-unix/X$n" ]; do n=$((n + 1)); done
-Xvfb ":$n" -screen 0 1600x1000x24 -dpi 96 -nolisten tcp >"$work/xvfb.log" 2>&1 &
-pids+=($!)
-for _ in $(seq 100); do [ -e "/tmp/.X11-unix/X$n" ] && break; sleep 0.05; done
-export DISPLAY=":$n"
-openbox >"$work/openbox.log" 2>&1 &
-pids+=($!)
+"$root/scripts/deps.sh" --accessibility
+source "$root/scripts/openbox-session.sh"
+start_openbox
 
 # The program's settings and files go to a home of the test's own.
 export HOME="$work/home" XDG_CONFIG_HOME="$work/home/.config" XDG_DATA_HOME="$work/home/.local/share"

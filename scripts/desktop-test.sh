@@ -7,7 +7,8 @@
 #
 #     scripts/desktop-test.sh [BUILD] [openbox|mutter]
 #
-# As root it installs what it needs; otherwise it prints the apt-get line.
+# As root it installs what it needs (scripts/deps.sh --desktop); otherwise it
+# prints the apt-get line.
 set -euo pipefail
 root="$(cd "$(dirname "$0")/.." && pwd)"
 build="$(cd "${1:-$root/build}" && pwd)"
@@ -15,52 +16,8 @@ only="${2:-}"
 binary="$build/app/lathmark"
 [ -x "$binary" ] || { echo "no calculator at $binary: run scripts/test.sh first" >&2; exit 1; }
 
-packages=(xvfb openbox mutter xwayland dbus xdotool x11-utils wmctrl python3 python3-dbus
-          qt6-wayland)
-missing=()
-for p in "${packages[@]}"; do
-    dpkg-query -W -f='${Status}' "$p" 2>/dev/null | grep -q "install ok installed" || missing+=("$p")
-done
-if [ ${#missing[@]} -gt 0 ]; then
-    if [ "$(id -u)" -eq 0 ]; then
-        export DEBIAN_FRONTEND=noninteractive
-        apt-get update -qq
-        apt-get install -y -qq --no-install-recommends "${missing[@]}" >/dev/null
-    else
-        echo "The desktop tests need these packages. Run:" >&2
-        echo "  sudo apt-get install -y ${missing[*]}" >&2
-        exit 1
-    fi
-fi
-
-export PYTHONDONTWRITEBYTECODE=1
-work="$(mktemp -d)"
-pids=()
-cleanup() {
-    for pid in "${pids[@]}"; do
-        kill "$pid" 2>/dev/null || true
-        wait "$pid" 2>/dev/null || true
-    done
-    rm -rf "$work"
-}
-trap cleanup EXIT
-trap 'exit 130' INT TERM
-
-free_display() {
-    local n=90
-    while [ -e "/tmp/.X$n-lock" ] || [ -e "/tmp/.X11-unix/X$n" ]; do n=$((n + 1)); done
-    echo "$n"
-}
-
-# Waits until a window manager has said it is there (EWMH's check window).
-wait_for_wm() {
-    for _ in $(seq 200); do
-        xprop -root _NET_SUPPORTING_WM_CHECK 2>/dev/null | grep -q "window id" && return 0
-        sleep 0.05
-    done
-    echo "no window manager came up on $DISPLAY" >&2
-    return 1
-}
+"$root/scripts/deps.sh" --desktop
+source "$root/scripts/openbox-session.sh"
 
 passed=0
 failed=0
@@ -86,14 +43,7 @@ run_tests() {
 }
 
 if [ -z "$only" ] || [ "$only" = openbox ]; then
-    n=$(free_display)
-    Xvfb ":$n" -screen 0 1600x1000x24 -dpi 96 -nolisten tcp >"$work/xvfb.log" 2>&1 &
-    pids+=($!)
-    for _ in $(seq 100); do [ -e "/tmp/.X11-unix/X$n" ] && break; sleep 0.05; done
-    export DISPLAY=":$n"
-    openbox >"$work/openbox.log" 2>&1 &
-    pids+=($!)
-    wait_for_wm
+    start_openbox
     run_tests openbox
     kill "${pids[@]}" 2>/dev/null || true
     pids=()
