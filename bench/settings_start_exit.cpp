@@ -9,9 +9,8 @@
 #include <cstdio>
 #include <memory>
 
-#include "forms/headless_services.h"
 #include "forms/settings_file.h"
-#include "shell/lathmark_app.h"
+#include "shell/headless_program.h"
 
 namespace {
 
@@ -27,17 +26,10 @@ int main(int argc, char** argv) {
         std::fprintf(stderr, "usage: %s SETTINGS-FILE\n", argv[0]);
         return 2;
     }
-    forms::CountingBeeper beeper;
-    forms::RecordingMessageBoxes messages;
-    forms::HalfEmTextMeasure measure;
-
     const auto startBegins = std::chrono::steady_clock::now();
     forms::FileSettingsStore settings(argv[1]);
-    forms::Services services{&beeper, &messages, &settings};
-    services.textMeasure = &measure;
-    shell::LathmarkApp app(services, forms::ScreenInfo{});
-    app.Start();
-    app.MainLoopPass();
+    shell::HeadlessProgram program(&settings);
+    shell::LathmarkApp& app = program.App();
     const double startMs = MillisecondsSince(startBegins);
     const std::size_t entries = settings.Entries().size();
 

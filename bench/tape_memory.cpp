@@ -10,8 +10,7 @@
 #include <fstream>
 #include <string>
 
-#include "forms/headless_services.h"
-#include "shell/lathmark_app.h"
+#include "shell/headless_program.h"
 
 namespace {
 
@@ -30,16 +29,9 @@ long StatusKiB(const std::string& field) {
 }  // namespace
 
 int main() {
-    forms::CountingBeeper beeper;
-    forms::RecordingMessageBoxes messages;
-    forms::MemorySettingsStore settings;
-    forms::HalfEmTextMeasure measure;
-    forms::Services services{&beeper, &messages, &settings};
-    services.textMeasure = &measure;
-    shell::LathmarkApp app(services, forms::ScreenInfo{});
-    app.Start();
-    app.MainLoopPass();
-    core::Program& p = app.Program();
+    shell::HeadlessProgram program;
+    shell::LathmarkApp& app = program.App();
+    core::Program& p = program.P();
     const long atStart = StatusKiB("VmHWM");
 
     for (int i = 0; i < kCells; ++i) {

@@ -22,12 +22,11 @@
 #include <utility>
 #include <vector>
 
-#include "forms/headless_services.h"
 #include "fuzz/fuzz_check.h"
 #include "measure/read_number.h"
 #include "memory/cells.h"
 #include "memory/memory_file.h"
-#include "shell/lathmark_app.h"
+#include "shell/headless_program.h"
 
 namespace {
 
@@ -57,21 +56,8 @@ struct Cell {
 constexpr std::size_t kFilesKept = 4;
 
 struct Session {
-    forms::CountingBeeper beeper;
-    forms::RecordingMessageBoxes messages;
-    forms::MemorySettingsStore settings;
-    forms::HalfEmTextMeasure measure;
     MemoryFiles files;
-    std::unique_ptr<shell::LathmarkApp> app;
-
-    Session() {
-        forms::Services services{&beeper, &messages, &settings};
-        services.textMeasure = &measure;
-        services.files = &files;
-        app = std::make_unique<shell::LathmarkApp>(services, forms::ScreenInfo{});
-        app->Start();
-        app->MainLoopPass();
-    }
+    shell::HeadlessProgram program{nullptr, &files};
 
     // The files read, the current one last; the oldest go once there are
     // enough of them to tell what a failure met.
@@ -82,16 +68,16 @@ struct Session {
     void Read(const std::string& content) {
         if (filesRead.size() > kFilesKept) filesRead.erase(filesRead.begin());
         filesRead.push_back(content);
-        core::Program& p = app->Program();
+        core::Program& p = program.P();
         files.files["/lathmark/cells.mem"] = content;
         p.MemoryFileName = "/lathmark/cells.mem";
         memory::ReadMemoryFile(p);
-        app->MainLoopPass();
+        program.App().MainLoopPass();
     }
 
     std::vector<Cell> Cells() {
         std::vector<Cell> cells;
-        for (forms::Form* f : app->Runtime().OpenForms()) {
+        for (forms::Form* f : program.App().Runtime().OpenForms()) {
             if (!memory::IsCell(*f)) continue;
             cells.push_back({f->Caption(), memory::ValueLabel(*f).Caption(),
                              memory::CellNumber(*f).value_or(-1)});
@@ -103,7 +89,7 @@ struct Session {
 // The program for the next read: the one given, if its last read worked,
 // or one started afresh.
 Session& Ready(std::unique_ptr<Session>& session) {
-    if (!session || session->app->Program().OpenFileNumbers.contains(2)) {
+    if (!session || session->program.P().OpenFileNumbers.contains(2)) {
         session.reset();
         session = std::make_unique<Session>();
     }
@@ -130,7 +116,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const std::string content(reinterpret_cast<const char*>(data), size);
     Session& first = Ready(firstSession);
     first.Read(content);
-    core::Program& p = first.app->Program();
+    core::Program& p = first.program.P();
     const auto cells = first.Cells();
 
     FUZZ_CHECK(static_cast<std::size_t>(p.MemoryCount - 1) == cells.size(),
@@ -148,7 +134,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     Session& second = Ready(secondSession);
     const std::string written = memory::MemoryFileText(p);
     second.Read(written);
-    if (second.app->Program().OpenFileNumbers.contains(2)) {
+    if (second.program.P().OpenFileNumbers.contains(2)) {
         // The writer keeps the memory window's geometry as it is and the
         // reader squeezes it into 16 bits: a window grown beyond 32767 twips
         // is saved but fails on reading, and nothing else may fail.

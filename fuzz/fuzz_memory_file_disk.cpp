@@ -20,7 +20,6 @@
 #include <vector>
 
 #include "forms/disk_files.h"
-#include "forms/headless_services.h"
 #include "forms/line_reader.h"
 #include "fuzz/fuzz_check.h"
 #include "fuzz/fuzz_scratch.h"
@@ -28,7 +27,7 @@
 #include "measure/whole_numbers.h"
 #include "memory/cells.h"
 #include "memory/memory_file.h"
-#include "shell/lathmark_app.h"
+#include "shell/headless_program.h"
 
 namespace {
 
@@ -63,21 +62,8 @@ std::vector<std::string> ReadAll(forms::LineReader& reader) {
 }
 
 struct Session {
-    forms::CountingBeeper beeper;
-    forms::RecordingMessageBoxes messages;
-    forms::MemorySettingsStore settings;
-    forms::HalfEmTextMeasure measure;
     forms::DiskFiles files{FuzzScratchFolder().string()};
-    std::unique_ptr<shell::LathmarkApp> app;
-
-    Session() {
-        forms::Services services{&beeper, &messages, &settings};
-        services.textMeasure = &measure;
-        services.files = &files;
-        app = std::make_unique<shell::LathmarkApp>(services, forms::ScreenInfo{});
-        app->Start();
-        app->MainLoopPass();
-    }
+    shell::HeadlessProgram program{nullptr, &files};
 };
 
 std::unique_ptr<Session> session;
@@ -117,17 +103,17 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
                    bound, small.Failed(), cut);
     }
 
-    if (!session || session->app->Program().OpenFileNumbers.contains(2)) {
+    if (!session || session->program.P().OpenFileNumbers.contains(2)) {
         session.reset();
         session = std::make_unique<Session>();
     }
-    core::Program& p = session->app->Program();
+    core::Program& p = session->program.P();
     p.MemoryFileName = path;
     memory::ReadMemoryFile(p);
-    session->app->MainLoopPass();
+    session->program.App().MainLoopPass();
 
     std::vector<forms::Form*> cells;
-    for (forms::Form* f : session->app->Runtime().OpenForms()) {
+    for (forms::Form* f : session->program.App().Runtime().OpenForms()) {
         if (memory::IsCell(*f)) cells.push_back(f);
     }
     FUZZ_CHECK(static_cast<std::size_t>(p.MemoryCount - 1) == cells.size(),

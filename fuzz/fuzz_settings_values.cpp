@@ -31,7 +31,7 @@
 #include "forms/case_insensitive.h"
 #include "forms/headless_services.h"
 #include "fuzz/fuzz_check.h"
-#include "shell/lathmark_app.h"
+#include "shell/headless_program.h"
 #include "shell/settings_io.h"
 #include "shell/settings_values.h"
 
@@ -87,22 +87,13 @@ struct Shown {
 };
 
 struct Program {
-    forms::CountingBeeper beeper;
-    forms::RecordingMessageBoxes messages;
-    forms::HalfEmTextMeasure measure;
     forms::MemorySettingsStore settings;
-    std::unique_ptr<shell::LathmarkApp> app;
+    shell::HeadlessProgram program{&settings};
 
-    explicit Program(const forms::MemorySettingsStore& given) : settings(given) {
-        forms::Services services{&beeper, &messages, &settings};
-        services.textMeasure = &measure;
-        app = std::make_unique<shell::LathmarkApp>(services, forms::ScreenInfo{});
-        app->Start();
-        app->MainLoopPass();
-    }
+    explicit Program(const forms::MemorySettingsStore& given) : settings(given) {}
 
     Shown Show() {
-        core::Program& p = app->Program();
+        core::Program& p = program.P();
         const forms::Form& calc = *p.Calculator;
         return {calc.Left(),
                 calc.Top(),
@@ -258,7 +249,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
 
     // What the end writes, the next start reads.
     forms::MemorySettingsStore& store = first.settings;
-    shell::WriteSettings(first.app->Program());
+    shell::WriteSettings(first.program.P());
     Program second(store);
     const Shown t = second.Show();
     if (Exact(s.calcLeft) && Exact(s.calcTop)) {

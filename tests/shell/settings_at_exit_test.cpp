@@ -16,9 +16,8 @@
 #include <memory>
 #include <string>
 
-#include "forms/headless_services.h"
 #include "forms/settings_file.h"
-#include "shell/lathmark_app.h"
+#include "shell/headless_program.h"
 
 namespace {
 
@@ -33,7 +32,7 @@ class SettingsAtExit : public ::testing::Test {
         file = folder / "Lathmark.conf";
     }
     void TearDown() override {
-        app.reset();
+        program.reset();
         store.reset();
         std::error_code error;
         fs::remove_all(folder, error);
@@ -41,19 +40,15 @@ class SettingsAtExit : public ::testing::Test {
 
     // The program started on the settings file as it stands.
     void Start() {
-        app.reset();
+        program.reset();
         store = std::make_unique<forms::FileSettingsStore>(file);
-        forms::Services services{&beeper, &messages, store.get()};
-        services.textMeasure = &measure;
-        app = std::make_unique<shell::LathmarkApp>(services, forms::ScreenInfo{});
-        app->Start();
-        app->MainLoopPass();
+        program = std::make_unique<shell::HeadlessProgram>(store.get());
     }
     void Exit() {
-        app->Program().Calculator->GetMenu("Exit").Click();
-        ASSERT_TRUE(app->Ended());
+        P().Calculator->GetMenu("Exit").Click();
+        ASSERT_TRUE(program->App().Ended());
     }
-    core::Program& P() { return app->Program(); }
+    core::Program& P() { return program->P(); }
 
     void WriteBytes(const std::string& bytes) {
         std::ofstream out(file, std::ios::binary | std::ios::trunc);
@@ -65,11 +60,8 @@ class SettingsAtExit : public ::testing::Test {
     }
 
     fs::path folder, file;
-    forms::CountingBeeper beeper;
-    forms::RecordingMessageBoxes messages;
-    forms::HalfEmTextMeasure measure;
     std::unique_ptr<forms::FileSettingsStore> store;
-    std::unique_ptr<shell::LathmarkApp> app;
+    std::unique_ptr<shell::HeadlessProgram> program;
 };
 
 // Watches a folder for the settings file being put in place: a rename onto

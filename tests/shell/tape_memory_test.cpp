@@ -12,8 +12,7 @@
 #include <cstdlib>
 #include <new>
 
-#include "forms/headless_services.h"
-#include "shell/lathmark_app.h"
+#include "shell/headless_program.h"
 
 namespace {
 
@@ -58,16 +57,9 @@ namespace {
 constexpr long long kMiB = 1024 * 1024;
 
 TEST(TapeMemory, FiveHundredCellsAndAFullCalculatorTapeStayWellUnderEightyMegabytes) {
-    forms::CountingBeeper beeper;
-    forms::RecordingMessageBoxes messages;
-    forms::MemorySettingsStore settings;
-    forms::HalfEmTextMeasure measure;
-    forms::Services services{&beeper, &messages, &settings};
-    services.textMeasure = &measure;
-    shell::LathmarkApp app(services, forms::ScreenInfo{});
-    app.Start();
-    app.MainLoopPass();
-    core::Program& p = app.Program();
+    shell::HeadlessProgram program;
+    shell::LathmarkApp& app = program.App();
+    core::Program& p = program.P();
     const long long started = liveBytes.load();
 
     for (int i = 0; i < 500; ++i) {
