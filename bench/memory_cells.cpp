@@ -9,18 +9,17 @@
 // Prints one line:
 // "<new memory ms> <arrange ms> <arrange scattered ms> <KiB per cell> <cells>".
 #include <QApplication>
-#include <QElapsedTimer>
 #include <QFile>
 #include <QScreen>
 #include <QTemporaryDir>
 #include <cstdio>
-#include <fstream>
 #include <string>
 
+#include "bench/process_memory.h"
+#include "bench/real_windows.h"
 #include "forms/disk_files.h"
 #include "forms/headless_services.h"
 #include "memory/cells.h"
-#include "qtbind/font_map.h"
 #include "qtbind/qt_binding.h"
 #include "qtbind/qt_file_dialogs.h"
 #include "qtbind/qt_modal_host.h"
@@ -32,44 +31,17 @@ namespace {
 
 constexpr int kCells = 500;
 
-// Resident memory of this process, in KiB.
-long ResidentKiB() {
-    std::ifstream status("/proc/self/status");
-    std::string line;
-    while (std::getline(status, line)) {
-        if (line.rfind("VmRSS:", 0) == 0) return std::stol(line.substr(6));
-    }
-    return 0;
-}
-
-// The windows catch up: what the model changed comes on screen, windows on
-// their way out go.
-void Settle() {
-    for (int round = 0; round < 4; ++round) {
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-        QCoreApplication::processEvents(QEventLoop::AllEvents);
-    }
-}
-
 // A click of a menu entry of the calculator, as the main loop runs it.
 double TimedClick(shell::LathmarkApp& app, qtbind::QtBinding& binding, const char* menu) {
-    QElapsedTimer timer;
-    timer.start();
-    app.Program().Calculator->GetMenu(menu).Click();
-    binding.AfterEvent();
-    Settle();
-    return static_cast<double>(timer.nsecsElapsed()) / 1e6;
+    return bench::TimedMs(binding, [&] { app.Program().Calculator->GetMenu(menu).Click(); });
 }
 
 }  // namespace
 
 int main(int argc, char** argv) {
     QApplication application(argc, argv);
-    QApplication::setStyle(QStringLiteral("Fusion"));
-    QApplication::setQuitOnLastWindowClosed(false);
+    const qtbind::PixelScale scale = bench::SetUpAsTheCalculator();
     const QScreen* screen = QGuiApplication::primaryScreen();
-    const qtbind::PixelScale scale = qtbind::ScaleOf(screen);
-    QApplication::setFont(qtbind::MapFont(forms::Font{}, scale));
 
     forms::CountingBeeper beeper;
     forms::RecordingMessageBoxes messages;
@@ -86,15 +58,15 @@ int main(int argc, char** argv) {
     qtbind::QtBinding binding(app, scale);
     app.Start();
     binding.AfterEvent();
-    Settle();
+    bench::Settle();
 
     // The first cell brings up the memory window itself; what the cells
     // cost is measured from there on.
     TimedClick(app, binding, "NewMemory");
-    const long before = ResidentKiB();
+    const long before = bench::StatusKiB("VmRSS");
     for (int cell = 2; cell < kCells; ++cell) TimedClick(app, binding, "NewMemory");
     const double newMemory = TimedClick(app, binding, "NewMemory");
-    const long after = ResidentKiB();
+    const long after = bench::StatusKiB("VmRSS");
     const double arrangeInPlace = TimedClick(app, binding, "mnuArrangeMemory");
     // Every cell dragged to the corner of the memory window: Arrange has
     // all of them to move.
@@ -102,7 +74,7 @@ int main(int argc, char** argv) {
         if (memory::IsCell(*form)) form->Move(0, 0, form->Width(), form->Height());
     }
     binding.AfterEvent();
-    Settle();
+    bench::Settle();
     const double arrangeScattered = TimedClick(app, binding, "mnuArrangeMemory");
 
     int cells = 0;

@@ -12,7 +12,6 @@
 //
 // Prints one line a command, "<name> <ms>".
 #include <QApplication>
-#include <QElapsedTimer>
 #include <QFile>
 #include <QScreen>
 #include <QTemporaryDir>
@@ -21,11 +20,11 @@
 #include <string>
 #include <vector>
 
+#include "bench/real_windows.h"
 #include "forms/disk_files.h"
 #include "forms/headless_services.h"
 #include "forms/runtime.h"
 #include "memory/cells.h"
-#include "qtbind/font_map.h"
 #include "qtbind/qt_binding.h"
 #include "qtbind/qt_text_measure.h"
 #include "qtbind/screen_info.h"
@@ -34,13 +33,6 @@
 namespace {
 
 constexpr int kCells = 500;
-
-void Settle() {
-    for (int round = 0; round < 4; ++round) {
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-        QCoreApplication::processEvents(QEventLoop::AllEvents);
-    }
-}
 
 // The user at a modal form (the name prompt, the About box): its default
 // button, at once.
@@ -76,12 +68,7 @@ class Bench {
     Bench(shell::LathmarkApp& app, qtbind::QtBinding& binding) : app_(app), binding_(binding) {}
 
     void Time(const std::string& name, const std::function<void()>& command) {
-        QElapsedTimer timer;
-        timer.start();
-        command();
-        binding_.AfterEvent();
-        Settle();
-        std::printf("%s %.3f\n", name.c_str(), static_cast<double>(timer.nsecsElapsed()) / 1e6);
+        std::printf("%s %.3f\n", name.c_str(), bench::TimedMs(binding_, command));
     }
 
     core::Program& P() { return app_.Program(); }
@@ -113,11 +100,8 @@ class Bench {
 
 int main(int argc, char** argv) {
     QApplication application(argc, argv);
-    QApplication::setStyle(QStringLiteral("Fusion"));
-    QApplication::setQuitOnLastWindowClosed(false);
+    const qtbind::PixelScale scale = bench::SetUpAsTheCalculator();
     const QScreen* screen = QGuiApplication::primaryScreen();
-    const qtbind::PixelScale scale = qtbind::ScaleOf(screen);
-    QApplication::setFont(qtbind::MapFont(forms::Font{}, scale));
 
     const QTemporaryDir programFolder;
     const std::string folder = QFile::encodeName(programFolder.path()).toStdString();
@@ -138,14 +122,14 @@ int main(int argc, char** argv) {
     qtbind::QtBinding binding(app, scale);
     app.Start();
     binding.AfterEvent();
-    Settle();
+    bench::Settle();
 
     Bench bench(app, binding);
     core::Program& p = bench.P();
     for (int cell = 1; cell < kCells; ++cell) {
         p.Calculator->GetMenu("NewMemory").Click();
         binding.AfterEvent();
-        Settle();
+        bench::Settle();
     }
     bench.Time("NewMemory (the 500th cell)", [&] { p.Calculator->GetMenu("NewMemory").Click(); });
 

@@ -17,10 +17,11 @@
 #include <memory>
 #include <string>
 
+#include "bench/process_memory.h"
+#include "bench/real_windows.h"
 #include "forms/disk_files.h"
 #include "forms/headless_services.h"
 #include "memory/cells.h"
-#include "qtbind/font_map.h"
 #include "qtbind/qt_binding.h"
 #include "qtbind/qt_text_measure.h"
 #include "qtbind/screen_info.h"
@@ -29,22 +30,6 @@
 namespace {
 
 constexpr int kCells = 30000;
-
-long PeakKiB() {
-    std::ifstream status("/proc/self/status");
-    std::string line;
-    while (std::getline(status, line)) {
-        if (line.rfind("VmHWM:", 0) == 0) return std::stol(line.substr(6));
-    }
-    return 0;
-}
-
-void Settle() {
-    for (int round = 0; round < 4; ++round) {
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-        QCoreApplication::processEvents(QEventLoop::AllEvents);
-    }
-}
 
 std::string WriteFile(const std::string& path, int promised) {
     std::string text =
@@ -71,12 +56,8 @@ int main(int argc, char** argv) {
     forms::ScreenInfo screenInfo;
     if (!headless) {
         application = std::make_unique<QApplication>(argc, argv);
-        QApplication::setStyle(QStringLiteral("Fusion"));
-        QApplication::setQuitOnLastWindowClosed(false);
-        const QScreen* screen = QGuiApplication::primaryScreen();
-        scale = qtbind::ScaleOf(screen);
-        screenInfo = qtbind::ScreenInfoOf(screen);
-        QApplication::setFont(qtbind::MapFont(forms::Font{}, scale));
+        scale = bench::SetUpAsTheCalculator();
+        screenInfo = qtbind::ScreenInfoOf(QGuiApplication::primaryScreen());
     }
 
     const QTemporaryDir programFolder;
@@ -105,7 +86,7 @@ int main(int argc, char** argv) {
     if (!headless) binding = std::make_unique<qtbind::QtBinding>(app, scale);
     app.Start();
     if (binding) binding->AfterEvent();
-    if (!headless) Settle();
+    if (!headless) bench::Settle();
 
     auto open = [&](const std::string& path) {
         fileDialogs.next = path;
@@ -113,7 +94,7 @@ int main(int argc, char** argv) {
         timer.start();
         app.Program().Calculator->GetMenu("mnuOpen").Click();
         if (binding) binding->AfterEvent();
-        if (!headless) Settle();
+        if (!headless) bench::Settle();
         return static_cast<double>(timer.nsecsElapsed()) / 1e6;
     };
     const double goodMs = open(good);
@@ -122,6 +103,6 @@ int main(int argc, char** argv) {
     // The good read closed its file, so the next Open reads; it stops at the
     // file's end, which leaves the file in use and the cells stacked.
     const double stackedMs = open(stacked);
-    std::printf("%.1f %.1f %ld\n", goodMs, stackedMs, PeakKiB());
+    std::printf("%.1f %.1f %ld\n", goodMs, stackedMs, bench::StatusKiB("VmHWM"));
     return cells == kCells ? 0 : 1;
 }

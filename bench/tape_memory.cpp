@@ -7,32 +7,18 @@
 //
 // Prints one line: "<KiB at start> <KiB peak> <tape rows> <cells>".
 #include <cstdio>
-#include <fstream>
 #include <string>
 
+#include "bench/process_memory.h"
 #include "shell/headless_program.h"
 
-namespace {
-
 constexpr int kCells = 500;
-
-// A field of /proc/self/status, in KiB.
-long StatusKiB(const std::string& field) {
-    std::ifstream status("/proc/self/status");
-    std::string line;
-    while (std::getline(status, line)) {
-        if (line.rfind(field + ":", 0) == 0) return std::stol(line.substr(field.size() + 1));
-    }
-    return 0;
-}
-
-}  // namespace
 
 int main() {
     shell::HeadlessProgram program;
     shell::LathmarkApp& app = program.App();
     core::Program& p = program.P();
-    const long atStart = StatusKiB("VmHWM");
+    const long atStart = bench::StatusKiB("VmHWM");
 
     for (int i = 0; i < kCells; ++i) {
         p.Calculator->GetMenu("NewMemory").Click();
@@ -43,7 +29,7 @@ int main() {
         p.calc->Equal.Click();
         app.MainLoopPass();
     }
-    std::printf("%ld %ld %d %d\n", atStart, StatusKiB("VmHWM"), p.tape->TapeRowCount()[0],
+    std::printf("%ld %ld %d %d\n", atStart, bench::StatusKiB("VmHWM"), p.tape->TapeRowCount()[0],
                 p.MemoryCount - 1);
     return p.tape->TapeRowCount()[0] == 32767 && p.MemoryCount - 1 == kCells ? 0 : 1;
 }
