@@ -8,6 +8,7 @@
 
 #include <QAccessibleWidget>
 
+#include "qtbind/list_item_accessible.h"
 #include "qtbind/read_only_text.h"
 
 namespace forms {
@@ -18,24 +19,17 @@ namespace qtbind {
 
 class CellAccess;
 
-class CellAccessible : public QAccessibleInterface,
+class CellAccessible : public ListItemAccessible,
                        public ReadOnlyText,
                        public QAccessibleActionInterface {
   public:
     CellAccessible(CellAccess& access, forms::Form& cell) : access_(access), cell_(cell) {}
 
     bool isValid() const override;
-    QObject* object() const override { return nullptr; }
     QWindow* window() const override;
     QAccessibleInterface* parent() const override;
-    QAccessibleInterface* child(int) const override { return nullptr; }
-    int childCount() const override { return 0; }
-    int indexOfChild(const QAccessibleInterface*) const override { return -1; }
-    QAccessibleInterface* childAt(int, int) const override { return nullptr; }
     QString text(QAccessible::Text t) const override;
-    void setText(QAccessible::Text, const QString&) override {}
     QRect rect() const override;
-    QAccessible::Role role() const override { return QAccessible::ListItem; }
     QAccessible::State state() const override;
     void* interface_cast(QAccessible::InterfaceType type) override;
 

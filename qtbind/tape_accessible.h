@@ -8,6 +8,7 @@
 #include <QAccessibleWidget>
 #include <vector>
 
+#include "qtbind/list_item_accessible.h"
 #include "qtbind/read_only_text.h"
 
 namespace qtbind {
@@ -49,22 +50,15 @@ class TapeAccessible : public QAccessibleWidget {
 };
 
 // One line of the tape: a list item whose name is the line.
-class TapeLineAccessible : public QAccessibleInterface, public ReadOnlyText {
+class TapeLineAccessible : public ListItemAccessible, public ReadOnlyText {
   public:
     TapeLineAccessible(const TapeAccessible* tape, int index) : tape_(tape), index_(index) {}
 
     bool isValid() const override { return tape_ != nullptr; }
-    QObject* object() const override { return nullptr; }
     QWindow* window() const override;
     QAccessibleInterface* parent() const override;
-    QAccessibleInterface* child(int) const override { return nullptr; }
-    int childCount() const override { return 0; }
-    int indexOfChild(const QAccessibleInterface*) const override { return -1; }
-    QAccessibleInterface* childAt(int, int) const override { return nullptr; }
     QString text(QAccessible::Text t) const override;
-    void setText(QAccessible::Text, const QString&) override {}
     QRect rect() const override;
-    QAccessible::Role role() const override { return QAccessible::ListItem; }
     QAccessible::State state() const override;
     void* interface_cast(QAccessible::InterfaceType type) override;
     QString CurrentText() const override;
