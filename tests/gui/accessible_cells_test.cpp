@@ -55,9 +55,9 @@ class AccessibleCellsTest : public QObject {
     // Three cells, the first covered by the third: the list still holds
     // all three, in their order, named by their names, with their values.
     void EveryCellIsListedWidgetOrNot() {
-        NewMemory();
-        NewMemory();
-        NewMemory();
+        calc->NewMemory();
+        calc->NewMemory();
+        calc->NewMemory();
         forms::Form& first = Cell(0);
         forms::Form& third = Cell(2);
         third.Move(first.Left(), first.Top(), third.Width(), third.Height());
@@ -91,8 +91,8 @@ class AccessibleCellsTest : public QObject {
     // rename is told as a new name, a new value as a text update; when the
     // cell closes, its object goes and the list is told.
     void ACellsObjectFollowsTheCell() {
-        NewMemory();
-        NewMemory();
+        calc->NewMemory();
+        calc->NewMemory();
         EventRecorder events;
         QAccessibleInterface* item = CellList()->child(0);
         const QAccessible::Id id = QAccessible::uniqueId(item);
@@ -116,7 +116,7 @@ class AccessibleCellsTest : public QObject {
 
         // A cell made now is told of, as the list has been looked at.
         EventRecorder::Clear();
-        NewMemory();
+        calc->NewMemory();
         QCOMPARE(CellList()->childCount(), 3);
         QCOMPARE(CellList()->child(2)->text(QAccessible::Name), QStringLiteral("Memory 3"));
         const QAccessible::Id third = QAccessible::uniqueId(CellList()->child(2));
@@ -153,8 +153,8 @@ class AccessibleCellsTest : public QObject {
     // The steps, each followed by a picture of all that a drop can change.
     std::vector<std::string> Run(bool mouse) {
         std::vector<std::string> pictures;
-        NewMemory();
-        NewMemory();
+        calc->NewMemory();
+        calc->NewMemory();
         Commit("8'");
         pictures.push_back(Picture());
         const struct {
@@ -278,11 +278,6 @@ class AccessibleCellsTest : public QObject {
     QAccessibleInterface* CellList() {
         QWidget* memory = calc->Binding().WindowFor(*calc->P().MDIForm1);
         return guitest::Named(memory, QStringLiteral("Memory cells"), QAccessible::List);
-    }
-    void NewMemory() {
-        calc->P().Calculator->GetMenu("NewMemory").Click();
-        calc->Binding().AfterEvent();
-        guitest::Settle();
     }
     forms::Form& Cell(int index) {
         int i = 0;

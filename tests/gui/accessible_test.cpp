@@ -76,7 +76,7 @@ class AccessibleTest : public QObject {
     // No control of any window goes by the name the program's code knows it
     // by; every one goes by its name in the table.
     void NoControlGoesByItsCodeName() {
-        NewMemory();
+        calc->NewMemory();
         calc->P().Calculator->GetMenu("mnuConverter").Click();
         guitest::Settle();
         int windows = 0;
@@ -117,7 +117,7 @@ class AccessibleTest : public QObject {
         QCOMPARE(TextOf(title), QStringLiteral("Calculator"));
         QVERIFY(Named(tape, QStringLiteral("Tape"), QAccessible::List));
         // The arrows are there while cells are.
-        NewMemory();
+        calc->NewMemory();
         QVERIFY(Named(tape, QStringLiteral("Previous tape"), QAccessible::Button));
         QVERIFY(Named(tape, QStringLiteral("Next tape"), QAccessible::Button));
 
@@ -134,7 +134,7 @@ class AccessibleTest : public QObject {
     // Each window a frame named by its title; the tape, which has none, is
     // "Tape". A new title is a new name.
     void WindowsAreFramesNamedByTheirTitles() {
-        NewMemory();
+        calc->NewMemory();
         calc->P().Calculator->GetMenu("mnuConverter").Click();
         guitest::Settle();
         const struct {
@@ -241,11 +241,6 @@ class AccessibleTest : public QObject {
     }
 
   private:
-    void NewMemory() {
-        calc->P().Calculator->GetMenu("NewMemory").Click();
-        calc->Binding().AfterEvent();
-        guitest::Settle();
-    }
     static void Press(QWidget* window, const char* name) {
         QAccessibleInterface* key = Named(window, QString::fromUtf8(name), QAccessible::Button);
         QVERIFY2(key, name);

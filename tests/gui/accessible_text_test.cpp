@@ -68,9 +68,7 @@ class AccessibleTextTest : public QObject {
     // A drop on a cell turns the tape to the cell's: the list holds the
     // cell's lines; the calculator made active turns it back.
     void TheListFollowsTheTapeOnShow() {
-        calc->P().Calculator->GetMenu("NewMemory").Click();
-        calc->Binding().AfterEvent();
-        guitest::Settle();
+        calc->NewMemory();
         calc->Type("8'");
         calc->Press(Qt::Key_Return);
         QAccessibleInterface* tape = TapeList();

@@ -114,9 +114,7 @@ class KeyboardRoadsTest : public QObject {
 
     // With a memory cell active, the cell's value.
     void CopyTakesTheActiveCell() {
-        calc->P().Calculator->GetMenu("NewMemory").Click();
-        calc->Binding().AfterEvent();
-        guitest::Settle();
+        calc->NewMemory();
         forms::Form* cell = nullptr;
         for (forms::Form* form : calc->P().runtime.OpenForms()) {
             if (memory::IsCell(*form)) cell = form;

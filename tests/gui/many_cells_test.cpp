@@ -105,11 +105,7 @@ class ManyCellsTest : public QObject {
     // A cell taken by its title bar and put over another covers it: the
     // covered one loses its widgets, and has them again once uncovered.
     void ACellMovedOverAnotherCoversIt() {
-        for (int i = 0; i < 3; ++i) {
-            calc->P().Calculator->GetMenu("NewMemory").Click();
-            calc->Binding().AfterEvent();
-            guitest::Settle();
-        }
+        for (int i = 0; i < 3; ++i) calc->NewMemory();
         forms::Form& first = *Cells()[0];
         forms::Form& third = *Cells()[2];
         QCOMPARE(CellWindows().size(), std::size_t(3));
@@ -150,13 +146,7 @@ class ManyCellsTest : public QObject {
         QVERIFY(Parent() && Parent()->isVisible());
     }
     qtbind::FormWindow* Parent() { return calc->Binding().WindowFor(*calc->P().MDIForm1); }
-    std::vector<forms::Form*> Cells() {
-        std::vector<forms::Form*> cells;
-        for (forms::Form* form : calc->P().runtime.OpenForms()) {
-            if (memory::IsCell(*form)) cells.push_back(form);
-        }
-        return cells;
-    }
+    std::vector<forms::Form*> Cells() { return calc->Cells(); }
     // The cells' windows inside the memory window, as many as there are.
     std::vector<qtbind::FormWindow*> CellWindows() {
         std::vector<qtbind::FormWindow*> windows;

@@ -29,8 +29,8 @@ class MemoryTest : public QObject {
     // Each cell is a widget inside the memory window, at the model's place
     // in that window's inner area, with its yellow label on it.
     void CellsLieInsideTheMemoryWindow() {
-        NewMemory();
-        NewMemory();
+        calc->NewMemory();
+        calc->NewMemory();
         qtbind::FormWindow* parent = calc->Binding().WindowFor(*calc->P().MDIForm1);
         QVERIFY(parent && parent->isVisible());
         for (const char* name : {"Memory 1", "Memory 2"}) {
@@ -53,8 +53,8 @@ class MemoryTest : public QObject {
     // had, the sign line and the rule. The cell then dragged onto the left
     // half of the second, which held 2 feet, leaves 2' - 8' there.
     void ValuesGoFromTheReadoutToACellAndFromCellToCell() {
-        NewMemory();
-        NewMemory();
+        calc->NewMemory();
+        calc->NewMemory();
         forms::Form& first = Cell("Memory 1");
         forms::Form& second = Cell("Memory 2");
         const int firstTape = TapeIndex(first);
@@ -90,7 +90,7 @@ class MemoryTest : public QObject {
     // Over a cell's label the cursor shows the plus on the right half and
     // the minus on the left half, as the cell's DragOver chooses them.
     void TheCursorShowsPlusAndMinusOverACell() {
-        NewMemory();
+        calc->NewMemory();
         forms::Form& cell = Cell("Memory 1");
         Commit("8'");
         QWidget* readout = calc->Widget("Readout");
@@ -118,8 +118,8 @@ class MemoryTest : public QObject {
     // The close box of a cell closes it: the cell leaves the list of open
     // forms and its widget goes.
     void TheCloseBoxClosesTheCell() {
-        NewMemory();
-        NewMemory();
+        calc->NewMemory();
+        calc->NewMemory();
         const int before = calc->P().MemoryCount;
         qtbind::FormWindow* window = Window("Memory 1");
         const QRect box = *window->CloseBox();
@@ -133,11 +133,6 @@ class MemoryTest : public QObject {
     }
 
   private:
-    void NewMemory() {
-        calc->P().Calculator->GetMenu("NewMemory").Click();
-        calc->Binding().AfterEvent();
-        guitest::Settle();
-    }
     forms::Form* FindCell(const std::string& caption) {
         for (forms::Form* form : calc->P().runtime.OpenForms()) {
             if (memory::IsCell(*form) && form->Caption() == caption) return form;

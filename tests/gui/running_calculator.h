@@ -15,9 +15,11 @@
 #include <QWidget>
 #include <QWindow>
 #include <string>
+#include <vector>
 
 #include "forms/disk_files.h"
 #include "forms/headless_services.h"
+#include "memory/cells.h"
 #include "qtbind/form_surface.h"
 #include "qtbind/form_window.h"
 #include "qtbind/qt_binding.h"
@@ -74,6 +76,21 @@ class RunningCalculator {
         return focus ? focus->FullName() : std::string("none");
     }
     int TapeLines() { return P().tape->TapeRowCount()[0]; }
+
+    // Memory, New Memory, and the windows caught up.
+    void NewMemory() {
+        P().Calculator->GetMenu("NewMemory").Click();
+        binding_.AfterEvent();
+        Settle();
+    }
+    // The open memory cells, in the order of the list of open forms.
+    std::vector<forms::Form*> Cells() {
+        std::vector<forms::Form*> cells;
+        for (forms::Form* form : app_.Runtime().OpenForms()) {
+            if (memory::IsCell(*form)) cells.push_back(form);
+        }
+        return cells;
+    }
     QString TapeLine(int row) { return QString::fromStdString(P().tape->Grid1().Cell(row, 0)); }
 
     // Keys through the window system to the calculator's focused widget.
