@@ -9,14 +9,11 @@
 # A measurement, not a test: exits 0 whatever the numbers, unless a run fails.
 set -euo pipefail
 root="$(cd "$(dirname "$0")/.." && pwd)"
-"$root/scripts/deps.sh"
-build="$root/build-bench"
+source "$root/scripts/bench-build.sh"
 runs=5
 
-cmake -S "$root" -B "$build" -G Ninja -DCMAKE_BUILD_TYPE=Release \
-    -DLATHMARK_BUILD_TESTS=OFF >/dev/null
-cmake --build "$build" --target memory-cells-bench memory-commands-bench \
-    memory-file-open-bench >/dev/null
+build_bench memory-cells-bench memory-commands-bench \
+    memory-file-open-bench
 
 source "$root/scripts/xvfb-session.sh"
 mkdir -m 700 "$work/runtime"
@@ -31,7 +28,6 @@ for _ in $(seq "$runs"); do
     }
 done
 
-median() { sort -n | awk '{ v[NR] = $1 } END { print v[int((NR + 1) / 2)] }'; }
 new_ms="$(cut -d' ' -f1 "$work/runs.txt" | median)"
 arrange_ms="$(cut -d' ' -f2 "$work/runs.txt" | median)"
 scattered_ms="$(cut -d' ' -f3 "$work/runs.txt" | median)"

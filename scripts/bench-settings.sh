@@ -9,13 +9,10 @@
 # BENCH_RUNS changes the number of runs.
 set -euo pipefail
 root="$(cd "$(dirname "$0")/.." && pwd)"
-"$root/scripts/deps.sh"
-build="$root/build-bench"
+source "$root/scripts/bench-build.sh"
 runs="${BENCH_RUNS:-5}"
 
-cmake -S "$root" -B "$build" -G Ninja -DCMAKE_BUILD_TYPE=Release \
-    -DLATHMARK_BUILD_TESTS=OFF >/dev/null
-cmake --build "$build" --target settings-bench >/dev/null
+build_bench settings-bench
 
 work="$(mktemp -d)"
 trap 'rm -rf "$work"' EXIT
@@ -35,7 +32,6 @@ awk 'BEGIN {
 }' >"$work/keys.conf"
 awk 'BEGIN { for (n = 0; n < 30000; n++) printf "[s%d]\nk=v\n", n }' >"$work/sections.conf"
 
-median() { sort -n | awk '{ v[NR] = $1 } END { print v[int((NR + 1) / 2)] }'; }
 for kind in keys sections; do
     : >"$work/$kind.runs"
     for _ in $(seq "$runs"); do

@@ -6,13 +6,10 @@
 # ratios against the targets. A measurement, not a test: exits 0 whatever the numbers.
 set -euo pipefail
 root="$(cd "$(dirname "$0")/.." && pwd)"
-"$root/scripts/deps.sh"
-build="$root/build-bench"
+source "$root/scripts/bench-build.sh"
 runs=7
 
-cmake -S "$root" -B "$build" -G Ninja -DCMAKE_BUILD_TYPE=Release \
-    -DLATHMARK_BUILD_TESTS=OFF >/dev/null
-cmake --build "$build" --target lathmark bare-qt-window startup-probe >/dev/null
+build_bench lathmark bare-qt-window startup-probe
 
 probe="$build/bench/startup-probe"
 programs=("$build/app/lathmark" "$build/bench/bare-qt-window")
@@ -35,7 +32,6 @@ run_one() {
     rm -rf "$config"
 }
 
-median() { sort -n | awk '{ v[NR] = $1 } END { print v[int((NR + 1) / 2)] }'; }
 
 for i in 0 1; do run_one "${programs[$i]}" >/dev/null; done  # warm-up
 for i in 0 1; do : >"$work/${names[$i]}.txt"; done

@@ -6,13 +6,10 @@
 # A measurement, not a test: exits 0 whatever the numbers, unless a run fails.
 set -euo pipefail
 root="$(cd "$(dirname "$0")/.." && pwd)"
-"$root/scripts/deps.sh"
-build="$root/build-bench"
+source "$root/scripts/bench-build.sh"
 runs=5
 
-cmake -S "$root" -B "$build" -G Ninja -DCMAKE_BUILD_TYPE=Release \
-    -DLATHMARK_BUILD_TESTS=OFF >/dev/null
-cmake --build "$build" --target tape-memory-bench >/dev/null
+build_bench tape-memory-bench
 
 work="$(mktemp -d)"
 trap 'rm -rf "$work"' EXIT
@@ -23,7 +20,6 @@ for _ in $(seq "$runs"); do
     }
 done
 
-median() { sort -n | awk '{ v[NR] = $1 } END { print v[int((NR + 1) / 2)] }'; }
 start_kib="$(cut -d' ' -f1 "$work/runs.txt" | median)"
 peak_kib="$(cut -d' ' -f2 "$work/runs.txt" | median)"
 
