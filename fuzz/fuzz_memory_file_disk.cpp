@@ -28,32 +28,9 @@
 #include "memory/cells.h"
 #include "memory/memory_file.h"
 #include "shell/headless_program.h"
+#include "tests/forms/reference_lines.h"
 
 namespace {
-
-// The lines of the whole text, up to the first one longer than `bound`;
-// `stopped` tells whether one was.
-std::vector<std::string> LinesOf(const std::string& text, std::size_t bound, bool& stopped) {
-    std::vector<std::string> lines;
-    stopped = false;
-    std::size_t at = 0;
-    while (at < text.size()) {
-        std::size_t end = at;
-        while (end < text.size() && text[end] != '\r' && text[end] != '\n') ++end;
-        if (end - at > bound) {
-            stopped = true;
-            break;
-        }
-        lines.push_back(text.substr(at, end - at));
-        at = end;
-        if (at < text.size()) {
-            const bool cr = text[at] == '\r';
-            ++at;
-            if (cr && at < text.size() && text[at] == '\n') ++at;
-        }
-    }
-    return lines;
-}
 
 std::vector<std::string> ReadAll(forms::LineReader& reader) {
     std::vector<std::string> lines;
@@ -80,7 +57,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
 
     bool stopped = false;
     const std::vector<std::string> expected =
-        LinesOf(content, forms::LineReader::kMaxLineBytes, stopped);
+        testfiles::ReferenceLines(content, forms::LineReader::kMaxLineBytes, stopped);
     {
         forms::DiskFiles disk(FuzzScratchFolder().string());
         forms::FileStore::OpenResult opened = disk.OpenLines(path);
@@ -92,7 +69,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         const std::size_t chunk = size > 0 ? 1 + data[0] % 16 : 1;
         const std::size_t bound = size > 1 ? data[1] % 64 : 0;
         bool cut = false;
-        const std::vector<std::string> bounded = LinesOf(content, bound, cut);
+        const std::vector<std::string> bounded = testfiles::ReferenceLines(content, bound, cut);
         // The same text in small pieces, with a small bound. (From the
         // disk that would be a read(2) for every few bytes of a megabyte;
         // the pieces are cut by the same reader either way.)

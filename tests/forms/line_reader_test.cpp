@@ -2,6 +2,7 @@
 // lone CR or a lone LF, wherever the pieces part; a line beyond the bound
 // and a failure of the disk stop the reading.
 #include "forms/line_reader.h"
+#include "tests/forms/reference_lines.h"
 
 #include <fcntl.h>
 #include <gtest/gtest.h>
@@ -21,24 +22,6 @@ namespace {
 std::vector<std::string> AllLines(LineReader& reader) {
     std::vector<std::string> lines;
     while (auto line = reader.Next()) lines.push_back(*line);
-    return lines;
-}
-
-// The lines as a reader of the whole text would split them.
-std::vector<std::string> Reference(const std::string& text) {
-    std::vector<std::string> lines;
-    std::size_t at = 0;
-    while (at < text.size()) {
-        std::size_t end = at;
-        while (end < text.size() && text[end] != '\r' && text[end] != '\n') ++end;
-        lines.push_back(text.substr(at, end - at));
-        at = end;
-        if (at < text.size()) {
-            const bool cr = text[at] == '\r';
-            ++at;
-            if (cr && at < text.size() && text[at] == '\n') ++at;
-        }
-    }
     return lines;
 }
 
@@ -73,7 +56,7 @@ TEST(LineReader, AnyTextInAnyPiecesGivesTheLinesOfTheWholeText) {
         for (char& c : text) c = letters[random() % sizeof letters];
         const std::size_t chunk = 1 + random() % 9;
         TextLineReader reader(text, chunk);
-        EXPECT_EQ(AllLines(reader), Reference(text)) << "round " << round;
+        EXPECT_EQ(AllLines(reader), testfiles::ReferenceLines(text)) << "round " << round;
     }
 }
 
@@ -136,7 +119,7 @@ TEST(FileLineReader, ReadsAFileOnTheDisk) {
     const int fd = ::open(file.c_str(), O_RDONLY | O_CLOEXEC);
     ASSERT_GE(fd, 0);
     FileLineReader reader(fd);
-    EXPECT_EQ(AllLines(reader), Reference(text));
+    EXPECT_EQ(AllLines(reader), testfiles::ReferenceLines(text));
     EXPECT_FALSE(reader.Failed());
     std::filesystem::remove(file);
 }
