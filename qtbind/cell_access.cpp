@@ -76,8 +76,7 @@ QAccessibleInterface* CellAccess::InterfaceFor(forms::Form& cell) {
 
 QRect CellAccess::ScreenRect(const forms::Form& cell) const {
     if (!area_ || !cell.Visible()) return {};
-    const QRect rect(QPoint(scale_.ToPixelsX(cell.Left()), scale_.ToPixelsY(cell.Top())),
-                     scale_.ToPixels(cell.Width(), cell.Height()));
+    const QRect rect = scale_.ToPixels(cell.Left(), cell.Top(), cell.Width(), cell.Height());
     return QRect(area_->mapToGlobal(rect.topLeft()), rect.size());
 }
 

@@ -284,8 +284,7 @@ void QtBinding::ScheduleCells() {
 
 QRect QtBinding::CellRect(const forms::Form& cell) const {
     if (!cell.Visible()) return {};
-    return QRect(QPoint(scale_.ToPixelsX(cell.Left()), scale_.ToPixelsY(cell.Top())),
-                 scale_.ToPixels(cell.Width(), cell.Height()));
+    return scale_.ToPixels(cell.Left(), cell.Top(), cell.Width(), cell.Height());
 }
 
 void QtBinding::UpdateCells() {

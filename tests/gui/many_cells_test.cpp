@@ -157,9 +157,7 @@ class ManyCellsTest : public QObject {
         return windows;
     }
     QRect CellRect(const forms::Form& cell) {
-        const qtbind::PixelScale& scale = calc->Scale();
-        return QRect(QPoint(scale.ToPixelsX(cell.Left()), scale.ToPixelsY(cell.Top())),
-                     scale.ToPixels(cell.Width(), cell.Height()));
+        return calc->Scale().ToPixels(cell.Left(), cell.Top(), cell.Width(), cell.Height());
     }
     // The cell's title bar taken with the mouse and moved by `by` pixels.
     void DragTitleBar(forms::Form& cell, const QPoint& by) {
